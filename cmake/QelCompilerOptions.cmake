@@ -1,0 +1,16 @@
+# Warnings and sanitizers shared by every target of the project.
+if(MSVC)
+  add_compile_options(/W4 /permissive- /utf-8)
+else()
+  add_compile_options(-Wall -Wextra -Wpedantic -Wno-unused-parameter)
+endif()
+
+if(QEL_SANITIZE STREQUAL "address")
+  add_compile_options(-fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
+  add_link_options(-fsanitize=address,undefined)
+elseif(QEL_SANITIZE STREQUAL "thread")
+  add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=thread)
+elseif(NOT QEL_SANITIZE STREQUAL "")
+  message(FATAL_ERROR "QEL_SANITIZE must be empty, 'address' or 'thread', not '${QEL_SANITIZE}'")
+endif()
