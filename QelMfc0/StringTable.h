@@ -1,0 +1,15 @@
+#pragma once
+// The library's string table: user-visible texts by their suite-wide numbers, translated.
+
+#include <QString>
+
+namespace QelStrings {
+constexpr int BITMAP_FILE = 6972;          // "Bitmap File"
+constexpr int AUDIO_VIDEO_FILE = 6974;     // "Audio Video Interleave File"
+constexpr int TIFF_FILE = 6975;            // "Tagged Image Format File"
+constexpr int JPEG_FILE = 6976;            // "Joint Photographic Group File"
+constexpr int IMPORT_IMAGE_TITLE = 6977;   // "Import Image " (with its trailing blank)
+} // namespace QelStrings
+
+// The translated text of string `id`; empty for a number the table does not hold.
+QString LoadQelString(int id);

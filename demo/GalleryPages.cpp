@@ -1,0 +1,12 @@
+#include "GalleryPages.h"
+
+#include "pages/DrawingHelpersPage.h"
+#include "pages/LibraryPage.h"
+
+std::vector<GalleryPage> GalleryPages()
+{
+    return {
+        { QStringLiteral("Library"), QStringLiteral("library"), [](QWidget* parent) { return new LibraryPage(parent); } },
+        { QStringLiteral("Drawing helpers"), QStringLiteral("drawing-helpers"), &CreateDrawingHelpersPage },
+    };
+}

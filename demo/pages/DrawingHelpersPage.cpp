@@ -1,0 +1,252 @@
+#include "DrawingHelpersPage.h"
+
+#include <QelAttributes/AttributeKeys.h>
+#include <QelAttributes/AttributeMap.h>
+#include <QelMfc0/ColorRef.h>
+#include <QelMfc0/FontInfo.h>
+#include <QelMfc0/GDISelector.h>
+#include <QelMfc0/PECFont.h>
+#include <QelMfc0/QelBrush.h>
+#include <QelMfc0/QelPen.h>
+
+#include <QPainter>
+#include <QStringList>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kMargin = 16;
+constexpr int kCardWidth = 720;
+
+const char* const kBrushNames[] = {"hollow",        "solid",      "diagonal /", "diagonal \\",
+                                   "diagonal cross", "horizontal", "vertical",   "cross"};
+const char* const kPenNames[] = {"0 solid", "1 dash", "2 dot", "3 dash-dot", "4 dash-dot-dot"};
+
+// A label font for the card: the library's default face at a point size.
+PECFont labelFont(const QPaintDevice* dc, int size, bool bold = false)
+{
+    PECFont font;
+    font.Create(QStringLiteral("Arial"), size, false, bold, dc, true);
+    return font;
+}
+
+QString patternText(const QVector<qreal>& pattern)
+{
+    if (pattern.isEmpty())
+        return QStringLiteral("solid");
+    QStringList parts;
+    for (qreal length : pattern)
+        parts << QString::number(length);
+    return parts.join(QLatin1Char(' '));
+}
+
+} // namespace
+
+DrawingHelpersPage::DrawingHelpersPage(QWidget* parent)
+    : QWidget(parent)
+{
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Base);
+}
+
+QSize DrawingHelpersPage::sizeHint() const
+{
+    // The card is about 700 pixels high at 96 DPI; its text grows with the resolution.
+    return {kCardWidth + 2 * kMargin, 700 * logicalDpiY() / 96};
+}
+
+void DrawingHelpersPage::paintEvent(QPaintEvent*)
+{
+    QPainter p(this);
+    GDISelector pen(&p, QPen(palette().color(QPalette::Text)));
+    int y = kMargin;
+    {
+        GDISelector title(&p, labelFont(this, 14, true));
+        const QFontMetrics fm = p.fontMetrics();
+        p.drawText(kMargin, y + fm.ascent(), tr("Drawing helpers"));
+        y += fm.height() + 4;
+    }
+    {
+        GDISelector note(&p, labelFont(this, 8));
+        const QFontMetrics fm = p.fontMetrics();
+        p.drawText(kMargin, y + fm.ascent(),
+                   tr("Logical DPI %1 — pen widths scale by DPI / 96, dash lengths by the scaled width.")
+                       .arg(logicalDpiY()));
+        y += fm.height() + 8;
+    }
+    y = PaintBrushes(p, y);
+    y = PaintPens(p, y);
+    y = PaintFonts(p, y);
+    y = PaintFontInfo(p, y);
+    PaintStockObjects(p, y);
+}
+
+int DrawingHelpersPage::PaintHeading(QPainter& p, int top, const QString& text)
+{
+    GDISelector font(&p, labelFont(this, 10, true));
+    const QFontMetrics fm = p.fontMetrics();
+    const int base = top + fm.ascent();
+    p.drawText(kMargin, base, text);
+    GDISelector rule(&p, QPen(palette().color(QPalette::Mid), 0));
+    p.drawLine(kMargin, top + fm.height() + 2, kMargin + kCardWidth, top + fm.height() + 2);
+    return top + fm.height() + 8;
+}
+
+int DrawingHelpersPage::PaintBrushes(QPainter& p, int top)
+{
+    top = PaintHeading(p, top, tr("QelBrush::CreateQelBrush(style, colour)"));
+    const COLORREF ink = toColorref(palette().color(QPalette::Highlight));
+    const int cell = kCardWidth / 8;
+    const QSize swatch(cell - 16, 44);
+    GDISelector font(&p, labelFont(this, 8));
+    const QFontMetrics fm = p.fontMetrics();
+    for (int style = 0; style < 8; ++style) {
+        const QRect r(kMargin + style * cell, top, swatch.width(), swatch.height());
+        QelBrush brush;
+        brush.CreateQelBrush(style, int(ink));
+        {
+            GDISelector fill(&p, brush);
+            GDISelector outline(&p, QPen(palette().color(QPalette::Text), 0));
+            p.drawRect(r.adjusted(0, 0, -1, -1));
+        }
+        const QRect label(r.left() - 4, r.bottom() + 4, cell - 8, fm.height());
+        p.drawText(label, Qt::AlignHCenter | Qt::AlignTop,
+                   QStringLiteral("%1 %2").arg(style).arg(QLatin1String(kBrushNames[style])));
+    }
+    return top + swatch.height() + 4 + fm.height() + 12;
+}
+
+int DrawingHelpersPage::PaintPens(QPainter& p, int top)
+{
+    top = PaintHeading(p, top, tr("QelPen::CreateQelPen(style, width, colour, device)"));
+    const QColor text = palette().color(QPalette::Text);
+    const COLORREF ink = toColorref(text);
+    const int widths[] = {1, 2, 4};
+    const int labelWidth = 110;
+    const int column = (kCardWidth - labelWidth) / 3;
+    const int rowHeight = 30;
+
+    GDISelector font(&p, labelFont(this, 8));
+    const QFontMetrics fm = p.fontMetrics();
+    for (int i = 0; i < 3; ++i)
+        p.drawText(kMargin + labelWidth + i * column, top + fm.ascent(),
+                   tr("width %1").arg(widths[i]));
+    top += fm.height() + 4;
+
+    for (int style = 0; style < 5; ++style) {
+        const int mid = top + rowHeight / 2;
+        p.drawText(kMargin, mid + fm.ascent() / 2 - 1, QLatin1String(kPenNames[style]));
+        for (int i = 0; i < 3; ++i) {
+            const QelPen pen(style, widths[i], ink, this);
+            const int x0 = kMargin + labelWidth + i * column;
+            {
+                GDISelector line(&p, pen);
+                p.drawLine(QPointF(x0, mid - 4), QPointF(x0 + column - 24, mid - 4));
+            }
+            GDISelector small(&p, QPen(palette().color(QPalette::PlaceholderText)));
+            p.drawText(x0, mid + fm.height() - 2,
+                       tr("%1 px: %2").arg(pen.width()).arg(patternText(pen.PixelDashPattern())));
+        }
+        top += rowHeight + 6;
+    }
+    return top + 8;
+}
+
+int DrawingHelpersPage::PaintFonts(QPainter& p, int top)
+{
+    top = PaintHeading(p, top, tr("PECFont::Create(face, size, italic, bold, device, dpiCorrect)"));
+    const int sizes[] = {8, 10, 12, 16};
+    const struct { bool bold; bool italic; const char* name; } styles[] = {
+        {false, false, "regular"}, {true, false, "bold"}, {false, true, "italic"},
+        {true, true, "bold italic"}};
+    const int column = kCardWidth / 4;
+    for (int size : sizes) {
+        int rowHeight = 0;
+        for (int i = 0; i < 4; ++i) {
+            PECFont font;
+            font.Create(QStringLiteral("Arial"), size, styles[i].italic, styles[i].bold, this, true);
+            GDISelector select(&p, font);
+            const QFontMetrics fm = p.fontMetrics();
+            p.drawText(kMargin + i * column, top + fm.ascent(),
+                       QStringLiteral("%1 pt %2").arg(size).arg(QLatin1String(styles[i].name)));
+            rowHeight = std::max(rowHeight, fm.height());
+        }
+        top += rowHeight + 4;
+    }
+    PECFont plain;
+    plain.Create(QStringLiteral("Arial"), 10, false, false, this, false);
+    PECFont corrected;
+    corrected.Create(QStringLiteral("Arial"), 10, false, false, this, true);
+    GDISelector font(&p, labelFont(this, 8));
+    const QFontMetrics fm = p.fontMetrics();
+    p.drawText(kMargin, top + 4 + fm.ascent(),
+               tr("Arial 10 corrected: Height() %1, %2 pt   —   uncorrected: Height() %3, %4 pt")
+                   .arg(corrected.Height())
+                   .arg(corrected.pointSizeF())
+                   .arg(plain.Height())
+                   .arg(plain.pointSizeF()));
+    return top + 4 + fm.height() + 14;
+}
+
+int DrawingHelpersPage::PaintFontInfo(QPainter& p, int top)
+{
+    top = PaintHeading(p, top, tr("FontInfo::LoadAttributes(map) and PECFont::Create(FontInfo)"));
+
+    // A host map that sets everything but the italic flag: that one keeps the record's value.
+    CAttributeMap attributes;
+    attributes.SetAttribValue(ATTR_FONTNAME, QStringLiteral("Courier New"));
+    attributes.SetAttribValue(ATTR_FONTSIZE, 13);
+    attributes.SetAttribValue(ATTR_FONTBOLD, true);
+    attributes.SetAttribColor(ATTR_TEXTCOLOR, RGB(0, 90, 170));
+    FontInfo info;
+    info.SetItalic(true);
+    info.LoadAttributes(attributes);
+
+    GDISelector font(&p, labelFont(this, 8));
+    const QFontMetrics fm = p.fontMetrics();
+    p.drawText(kMargin, top + fm.ascent(),
+               tr("name \"%1\", size %2, bold %3, italic %4 (not in the map), colour 0x%5")
+                   .arg(info.GetName())
+                   .arg(info.GetSize())
+                   .arg(info.GetBold() ? tr("yes") : tr("no"))
+                   .arg(info.GetItalic() ? tr("yes") : tr("no"))
+                   .arg(info.GetColor(), 8, 16, QLatin1Char('0')));
+    top += fm.height() + 4;
+
+    PECFont sample;
+    sample.Create(info, this);
+    GDISelector sampleFont(&p, sample);
+    GDISelector sampleInk(&p, QPen(toQColor(info.GetColor())));
+    const QFontMetrics sm = p.fontMetrics();
+    p.drawText(kMargin, top + sm.ascent(), tr("N 52°22'14.6\"  E 004°53'37.2\"  depth 12.34 m"));
+    return top + sm.height() + 14;
+}
+
+int DrawingHelpersPage::PaintStockObjects(QPainter& p, int top)
+{
+    top = PaintHeading(p, top, tr("GDISelector(painter, StockObject::…)"));
+    const struct { int brush; const char* name; } brushes[] = {
+        {StockObject::WHITE_BRUSH, "WHITE_BRUSH"}, {StockObject::LTGRAY_BRUSH, "LTGRAY_BRUSH"},
+        {StockObject::GRAY_BRUSH, "GRAY_BRUSH"},   {StockObject::DKGRAY_BRUSH, "DKGRAY_BRUSH"},
+        {StockObject::BLACK_BRUSH, "BLACK_BRUSH"}, {StockObject::NULL_BRUSH, "NULL_BRUSH"}};
+    const int cell = kCardWidth / 6;
+    GDISelector font(&p, labelFont(this, 8));
+    const QFontMetrics fm = p.fontMetrics();
+    for (int i = 0; i < 6; ++i) {
+        const QRect r(kMargin + i * cell, top, cell - 16, 28);
+        {
+            GDISelector fill(&p, brushes[i].brush);
+            GDISelector outline(&p, StockObject::BLACK_PEN);
+            p.drawRect(r.adjusted(0, 0, -1, -1));
+        }
+        p.drawText(QRect(r.left(), r.bottom() + 4, cell - 8, fm.height()), Qt::AlignLeft,
+                   QLatin1String(brushes[i].name));
+    }
+    return top + 28 + 4 + fm.height() + 8;
+}
+
+QWidget* CreateDrawingHelpersPage(QWidget* parent)
+{
+    return new DrawingHelpersPage(parent);
+}

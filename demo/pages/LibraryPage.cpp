@@ -1,0 +1,138 @@
+#include "pages/LibraryPage.h"
+
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <QelBase/QelUnitCnv.h>
+#include <QelBase/UnitCategories.h>
+#include <QelConfigure/DataSearch.h>
+#include <QelConfigure/ProjectDefinition.h>
+#include <QelConfigure/QelGeoCoordSysBase.h>
+#include <QelMfc0/AppIdentifiers.h>
+#include <QelMfc0/QelMfc0.h>
+#include <QelMfc0/QelMfc0Functions.h>
+
+namespace {
+QString VersionText()
+{
+    return QStringLiteral("%1.%2.%3.%4")
+        .arg(kQelMfc0Version >> 24).arg((kQelMfc0Version >> 16) & 0xFF)
+        .arg((kQelMfc0Version >> 8) & 0xFF).arg(kQelMfc0Version & 0xFF);
+}
+
+QGroupBox* ModuleBox(QWidget* parent)
+{
+    auto* box = new QGroupBox(QObject::tr("Library"), parent);
+    auto* form = new QFormLayout(box);
+    form->addRow(QObject::tr("Version:"), new QLabel(VersionText()));
+    form->addRow(QObject::tr("Attached:"), new QLabel(IsQelMfc0Attached() ? QObject::tr("yes") : QObject::tr("no: %1").arg(QelMfc0LastError())));
+    form->addRow(QObject::tr("Build:"), new QLabel(QelMfc0BuildStamp()));
+    return box;
+}
+
+QGroupBox* ProjectBox(QWidget* parent)
+{
+    auto* box = new QGroupBox(QObject::tr("Project"), parent);
+    auto* form = new QFormLayout(box);
+    const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition();
+    if (!project) {
+        form->addRow(new QLabel(QObject::tr("No project is open.")));
+        return box;
+    }
+    QString folder;
+    DataSearch::GetDataSearch().GetDataPathInfo(1, folder);
+    int grid = 0, geo = 0, dist = 0, depth = 0;
+    project->GetGridDecimals(grid);
+    project->GetGeogsDecimals(geo);
+    project->GetDistanceDecimals(dist);
+    project->GetDepthDecimals(depth);
+    const QelGeoCoordSysBase* crs = project->GetGeoCoordSys();
+    form->addRow(QObject::tr("Folder:"), new QLabel(folder));
+    form->addRow(QObject::tr("Coordinate system:"), new QLabel(crs ? crs->GetDefinition() : QObject::tr("none")));
+    form->addRow(QObject::tr("Distance unit:"), new QLabel(project->GetUnitCnv().GetUnitMnem(UNIT_DISTANCE)));
+    form->addRow(QObject::tr("Decimals grid / geo / distance / depth:"),
+                 new QLabel(QStringLiteral("%1 / %2 / %3 / %4").arg(grid).arg(geo).arg(dist).arg(depth)));
+    return box;
+}
+
+QListWidget* NameList(QWidget* parent, const QStringList& names)
+{
+    auto* list = new QListWidget(parent);
+    list->addItems(names);
+    return list;
+}
+} // namespace
+
+LibraryPage::LibraryPage(QWidget* parent)
+    : QWidget(parent)
+{
+    auto* grid = new QGridLayout(this);
+    grid->addWidget(ModuleBox(this), 0, 0);
+    grid->addWidget(ProjectBox(this), 1, 0);
+
+    // A dialog-like box whose labels carry unit placeholders, filled in by SetDialogUnits.
+    auto* units = new QGroupBox(tr("Unit placeholders"), this);
+    auto* unitsLayout = new QVBoxLayout(units);
+    auto* holder = new QWidget(units);
+    auto* holderLayout = new QVBoxLayout(holder);
+    for (const char* text : { "Draught [%D]", "Speed [%S], heading [%A]", "Load [%T], force [%F]", "Depth %W and %W" })
+        holderLayout->addWidget(new QLabel(QString::fromUtf8(text), holder));
+    SetDialogUnits(holder);
+    unitsLayout->addWidget(holder);
+    grid->addWidget(units, 2, 0);
+
+    auto* dialogs = new QGroupBox(tr("File dialogs"), this);
+    auto* dialogLayout = new QVBoxLayout(dialogs);
+    struct MediaButton { const char* text; MultiMediaType type; int open; };
+    for (const MediaButton& b : { MediaButton { "Open image (JPEG, bitmap)...", MM_IMAGE, 1 },
+                                  MediaButton { "Open TIFF...", MM_TIFF, 1 },
+                                  MediaButton { "Save video as...", MM_VIDEO, 0 },
+                                  MediaButton { "Import image...", MM_IMPORT_IMAGE, 1 } }) {
+        auto* button = new QPushButton(tr(b.text), dialogs);
+        connect(button, &QPushButton::clicked, this, [this, b] {
+            QString path;
+            ShowResult(ShowMultimediaFileDlg(path, this, b.type, b.open) ? path : tr("cancelled"));
+        });
+        dialogLayout->addWidget(button);
+    }
+    auto* multi = new QPushButton(tr("Select data files..."), dialogs);
+    connect(multi, &QPushButton::clicked, this, [this] {
+        QStringList files;
+        ShowResult(ShowMultiSelectionFileDlg(files, QStringLiteral("All Files (*.*)|*.*||"), this) ? files.join(QLatin1Char('\n')) : tr("cancelled"));
+    });
+    dialogLayout->addWidget(multi);
+    auto* projectFile = new QPushButton(tr("Open project file..."), dialogs);
+    connect(projectFile, &QPushButton::clicked, this, [this] {
+        QString path;
+        ShowResult(StartFileTypeDlg(13, path, false, this) ? path : tr("cancelled"));
+    });
+    dialogLayout->addWidget(projectFile);
+    m_result = new QLabel(tr("Choose a file to see its path here."), dialogs);
+    m_result->setWordWrap(true);
+    dialogLayout->addWidget(m_result);
+    dialogLayout->addStretch();
+    grid->addWidget(dialogs, 0, 1, 3, 1);
+
+    QStringList identifiers;
+    for (QLatin1StringView id : kApplicationIdentifiers)
+        identifiers << QString(id);
+    QStringList categories;
+    for (int kind = 0; kind < kUnitKindCount; ++kind)
+        categories << QStringLiteral("%1  %2").arg(kind, 2).arg(UnitCategoryName(kind));
+    auto* idBox = new QGroupBox(tr("Application identifiers"), this);
+    (new QVBoxLayout(idBox))->addWidget(NameList(idBox, identifiers));
+    auto* catBox = new QGroupBox(tr("Unit categories"), this);
+    (new QVBoxLayout(catBox))->addWidget(NameList(catBox, categories));
+    grid->addWidget(idBox, 0, 2, 3, 1);
+    grid->addWidget(catBox, 0, 3, 3, 1);
+    grid->setColumnStretch(1, 1);
+}
+
+void LibraryPage::ShowResult(const QString& text)
+{
+    m_result->setText(text);
+}

@@ -1,0 +1,3 @@
+#include "QelGeoCoordSysBase.h"
+
+QelGeoCoordSysBase::~QelGeoCoordSysBase() = default;

@@ -1,0 +1,286 @@
+// Sectioned files: parsing, lossless saving, typed reads and in-place writes.
+#include <QelBase/FileObject.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+QByteArray readAll(const QString& path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+bool writeAll(const QString& path, const QByteArray& bytes)
+{
+    QFile f(path);
+    return f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size();
+}
+
+} // namespace
+
+TEST(FileObject, ParsesSectionsEntriesAndIgnoresJunk)
+{
+    FileObject fo;
+    fo.LoadFromText(QStringLiteral("top = 1\n"
+                                   "; comment\n"
+                                   "# other comment\n"
+                                   "[Colors]\n"
+                                   "  Red  =  255 0 0  \n"
+                                   "this line is junk\n"
+                                   " = no key\n"
+                                   "url = a=b=c\n"
+                                   "[params]\n"
+                                   "x=\n"
+                                   "[COLORS]\n"
+                                   "Blue = 0 0 255\n"));
+    EXPECT_EQ(fo.MalformedLineCount(), 2);
+    EXPECT_EQ(fo.GetSections(), (QStringList{"", "Colors", "params"}));
+    EXPECT_TRUE(fo.HasSection("colors"));
+    EXPECT_FALSE(fo.HasSection("missing"));
+
+    const QList<QPair<QString, QString>> expected{
+        {"Red", "255 0 0"}, {"url", "a=b=c"}, {"Blue", "0 0 255"}};
+    EXPECT_EQ(fo.GetEntries("Colors"), expected);
+
+    QString value;
+    EXPECT_TRUE(fo.GetString("", "TOP", value));
+    EXPECT_EQ(value, "1");
+    EXPECT_TRUE(fo.GetString("Params", "x", value));
+    EXPECT_EQ(value, "");
+    EXPECT_TRUE(fo.HasEntry("PARAMS", "X"));
+}
+
+TEST(FileObject, DuplicateKeysKeepFileOrderAndIterationStops)
+{
+    FileObject fo;
+    fo.LoadFromText("[S]\nk=1\nother=x\nK=2\nk=3\n");
+    EXPECT_EQ(fo.GetValues("s", "k"), (QStringList{"1", "2", "3"}));
+    int v = 0;
+    EXPECT_TRUE(fo.GetInt("S", "k", v));
+    EXPECT_EQ(v, 1);
+
+    QString key, value;
+    QStringList seen;
+    for (bool ok = fo.GetFirstEntry("S", key, value); ok; ok = fo.GetNextEntry(key, value))
+        seen << key + '=' + value;
+    EXPECT_EQ(seen, (QStringList{"k=1", "other=x", "K=2", "k=3"}));
+    EXPECT_FALSE(fo.GetNextEntry(key, value));
+    EXPECT_FALSE(fo.GetNextEntry(key, value));
+    EXPECT_FALSE(fo.GetFirstEntry("none", key, value));
+}
+
+TEST(FileObject, AcceptsBomAndAnyLineEnd)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath("crlf.ini");
+    ASSERT_TRUE(writeAll(path, "\xEF\xBB\xBF[A]\r\nx = 1\r\ny=\xC3\xA9t\xC3\xA9\r[B]\rz=3\n"));
+    FileObject fo;
+    ASSERT_TRUE(fo.FileOpen(path));
+    EXPECT_EQ(fo.GetSections(), (QStringList{"A", "B"}));
+    QString s;
+    EXPECT_TRUE(fo.GetString("A", "y", s));
+    EXPECT_EQ(s, QString::fromUtf8("\xC3\xA9t\xC3\xA9"));
+    int z = 0;
+    EXPECT_TRUE(fo.GetInt("B", "z", z));
+    EXPECT_EQ(z, 3);
+    // Saving keeps the BOM and the CRLF line ends of the original.
+    fo.SetInt("A", "x", 2);
+    ASSERT_TRUE(fo.FileSave());
+    const QByteArray saved = readAll(path);
+    EXPECT_TRUE(saved.startsWith("\xEF\xBB\xBF[A]\r\nx=2\r\n"));
+}
+
+TEST(FileObject, OpenMissingFile)
+{
+    QTemporaryDir dir;
+    FileObject fo;
+    fo.LoadFromText("[A]\nx=1\n");
+    EXPECT_FALSE(fo.FileOpen(dir.filePath("missing.ini")));
+    EXPECT_TRUE(fo.GetSections().isEmpty());
+    EXPECT_TRUE(fo.GetPathName().isEmpty());
+    EXPECT_FALSE(fo.FileOpen(dir.path()));   // a folder is not a file
+
+    const QString created = dir.filePath("sub/new.ini");
+    EXPECT_TRUE(fo.FileOpen(created, FileObject::OPEN_CREATE));
+    EXPECT_EQ(fo.GetPathName(), created);
+    fo.SetString("A", "x", "1");
+    EXPECT_TRUE(fo.IsModified());
+    EXPECT_TRUE(fo.FileSave());   // creates the folder
+    EXPECT_FALSE(fo.IsModified());
+    EXPECT_EQ(readAll(created), "[A]\nx=1\n");
+
+    FileObject unbound;
+    EXPECT_FALSE(unbound.FileSave());
+}
+
+TEST(FileObject, SaveKeepsMalformedLinesCommentsAndPositions)
+{
+    const QString text = "; header comment\n"
+                         "[A]\n"
+                         "first = 1   \n"
+                         "%%% garbage %%%\n"
+                         "; about second\n"
+                         "second=2\n"
+                         "\n"
+                         "[B]\n"
+                         "b=1\n";
+    FileObject fo;
+    fo.LoadFromText(text);
+    EXPECT_EQ(fo.ToText(), text);   // untouched lines come back verbatim
+
+    fo.SetInt("a", "FIRST", 10);    // in place, name kept as written
+    fo.SetString("A", "third", "3");
+    fo.SetString("C", "c", "multi\nline");
+    fo.SetString("", "lead", "0");
+    EXPECT_EQ(fo.ToText(), "; header comment\n"
+                           "lead=0\n"
+                           "[A]\n"
+                           "first=10\n"
+                           "%%% garbage %%%\n"
+                           "; about second\n"
+                           "second=2\n"
+                           "third=3\n"
+                           "\n"
+                           "[B]\n"
+                           "b=1\n"
+                           "\n"
+                           "[C]\n"
+                           "c=multi line\n");
+}
+
+TEST(FileObject, SaveIntoUnwritablePlaceKeepsOldFile)
+{
+    QTemporaryDir dir;
+    const QString blocker = dir.filePath("plainfile");
+    ASSERT_TRUE(writeAll(blocker, "old content"));
+    FileObject fo;
+    fo.SetInt("A", "x", 1);
+    EXPECT_FALSE(fo.FileSave(blocker + "/child.ini"));   // parent is a file
+    EXPECT_EQ(readAll(blocker), "old content");
+    EXPECT_TRUE(fo.GetPathName().isEmpty());
+}
+
+TEST(FileObject, SaveIntoReadOnlyFolderKeepsOldFile)
+{
+    QTemporaryDir dir;
+    FileObject fo;
+    fo.SetInt("A", "x", 1);
+    const QString folder = dir.filePath("ro");
+    ASSERT_TRUE(QDir().mkpath(folder));
+    const QString target = folder + "/keep.ini";
+    ASSERT_TRUE(writeAll(target, "[A]\nx=0\n"));
+    QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner);
+    if (QFile(folder + "/probe").open(QIODevice::WriteOnly)) {
+        QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        GTEST_SKIP() << "running with rights that ignore folder permissions";
+    }
+    EXPECT_FALSE(fo.FileSave(target));
+    QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    EXPECT_EQ(readAll(target), "[A]\nx=0\n");
+}
+
+TEST(FileObject, TypedReadsLeaveValueOnBadInput)
+{
+    FileObject fo;
+    fo.LoadFromText("[T]\n"
+                    "i1 = -42\ni2 = 0x1F\ni3 = 12abc\ni4 = 3000000000\ni5 = +7\ni6 = 1.5\n"
+                    "d1 = 1e-3\nd2 = 1,5\nd3 = nan\nd4 = -.25\nd5 =\n"
+                    "b1 = YES\nb2 = off\nb3 = 2\n"
+                    "t1 = 1, 2 ,3\nt2 = 1 2\nt3 = 1 2 3 4\nt4 = 1 x 3\n");
+    struct IntCase { const char* key; bool ok; int expected; };
+    const IntCase ints[] = {{"i1", true, -42}, {"i2", true, 31}, {"i3", false, 99},
+                            {"i4", false, 99}, {"i5", true, 7}, {"i6", false, 99},
+                            {"missing", false, 99}};
+    for (const IntCase& c : ints) {
+        int v = 99;
+        EXPECT_EQ(fo.GetInt("T", c.key, v), c.ok) << c.key;
+        EXPECT_EQ(v, c.expected) << c.key;
+    }
+    struct DoubleCase { const char* key; bool ok; double expected; };
+    const DoubleCase doubles[] = {{"d1", true, 1e-3}, {"d2", false, 9.0}, {"d3", false, 9.0},
+                                  {"d4", true, -0.25}, {"d5", false, 9.0}};
+    for (const DoubleCase& c : doubles) {
+        double v = 9.0;
+        EXPECT_EQ(fo.GetDouble("T", c.key, v), c.ok) << c.key;
+        EXPECT_EQ(v, c.expected) << c.key;
+    }
+    bool b = false;
+    EXPECT_TRUE(fo.GetBool("T", "b1", b));
+    EXPECT_TRUE(b);
+    EXPECT_TRUE(fo.GetBool("T", "b2", b));
+    EXPECT_FALSE(b);
+    b = true;
+    EXPECT_FALSE(fo.GetBool("T", "b3", b));
+    EXPECT_TRUE(b);
+
+    int a = 0, m = 0, c = 0;
+    EXPECT_TRUE(fo.GetIntTriple("T", "t1", a, m, c));
+    EXPECT_EQ((QList<int>{a, m, c}), (QList<int>{1, 2, 3}));
+    for (const char* bad : {"t2", "t3", "t4"}) {
+        a = m = c = -1;
+        EXPECT_FALSE(fo.GetIntTriple("T", bad, a, m, c)) << bad;
+        EXPECT_EQ((QList<int>{a, m, c}), (QList<int>{-1, -1, -1})) << bad;
+    }
+}
+
+TEST(FileObject, DoublesAndTriplesRoundTrip)
+{
+    const double values[] = {0.1, 1e-300, -0.0, 1.0 / 3.0, 123456789.123456789,
+                             std::numeric_limits<double>::max(),
+                             std::numeric_limits<double>::denorm_min()};
+    FileObject fo;
+    for (double v : values) {
+        fo.SetDouble("D", "v", v);
+        FileObject copy;
+        copy.LoadFromText(fo.ToText());
+        double back = 7.0;
+        ASSERT_TRUE(copy.GetDouble("D", "v", back)) << fo.ToText().toStdString();
+        EXPECT_EQ(back, v);
+        EXPECT_EQ(std::signbit(back), std::signbit(v));
+    }
+    QString text;
+    fo.SetDouble("D", "v", 0.1);
+    fo.GetString("D", "v", text);
+    EXPECT_EQ(text, "0.1");
+
+    fo.SetIntTriple("D", "rgb", 255, -1, 0);
+    fo.SetBool("D", "flag", false);
+    int r = 0, g = 0, b = 0;
+    bool flag = true;
+    EXPECT_TRUE(fo.GetIntTriple("D", "rgb", r, g, b));
+    EXPECT_EQ((QList<int>{r, g, b}), (QList<int>{255, -1, 0}));
+    EXPECT_TRUE(fo.GetBool("D", "flag", flag));
+    EXPECT_FALSE(flag);
+}
+
+TEST(FileObject, AddRemoveAndRejectedKeys)
+{
+    FileObject fo;
+    fo.LoadFromText("[S]\nk=1\nx=0\n[T]\nk=9\n");
+    fo.AddEntry("S", "k", "2");
+    EXPECT_EQ(fo.GetValues("S", "k"), (QStringList{"1", "2"}));
+    EXPECT_TRUE(fo.RemoveEntry("s", "K"));
+    EXPECT_FALSE(fo.RemoveEntry("S", "k"));
+    EXPECT_EQ(fo.GetValues("T", "k"), QStringList{"9"});
+
+    for (const char* key : {"", "  ", "a=b", "[x", ";c", "#c"})
+        fo.SetString("S", key, "v");
+    EXPECT_EQ(fo.GetEntries("S").size(), 1);
+
+    EXPECT_TRUE(fo.RemoveSection("t"));
+    EXPECT_FALSE(fo.RemoveSection("T"));
+    EXPECT_EQ(fo.ToText(), "[S]\nx=0\n");
+
+    FileObject copy = fo;   // copies are independent
+    copy.SetInt("S", "x", 5);
+    int x = -1;
+    fo.GetInt("S", "x", x);
+    EXPECT_EQ(x, 0);
+}

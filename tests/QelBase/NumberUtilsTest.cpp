@@ -1,0 +1,96 @@
+#include <QelBase/NumberUtils.h>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+TEST(XYToPolarTest, QuadrantsAndAxes)
+{
+    struct Case { double dx, dy, bearing, distance; };
+    const Case cases[] = {
+        {0, 5, 0, 5},       {5, 0, 90, 5},       {0, -5, 180, 5},     {-5, 0, 270, 5},
+        {3, 4, 36.86989764584402, 5},            {3, -4, 143.13010235415598, 5},
+        {-3, -4, 216.86989764584402, 5},         {-3, 4, 323.13010235415598, 5},
+        {2, 2, 45, std::sqrt(8.0)},              {-2, -2, 225, std::sqrt(8.0)},
+        {0, 0, 0, 0},       {-0.0, -0.0, 0, 0},
+    };
+    for (const Case& c : cases) {
+        double bearing = -1.0;
+        double distance = -1.0;
+        XYToPolar(c.dx, c.dy, bearing, distance);
+        EXPECT_NEAR(bearing, c.bearing, 1e-9) << c.dx << "," << c.dy;
+        EXPECT_DOUBLE_EQ(distance, c.distance) << c.dx << "," << c.dy;
+    }
+}
+
+TEST(XYToPolarTest, NeverReturns360AndRejectsNonFinite)
+{
+    double bearing = -1.0;
+    double distance = -1.0;
+    XYToPolar(-1e-300, 1.0, bearing, distance);
+    EXPECT_GE(bearing, 0.0);
+    EXPECT_LT(bearing, 360.0);
+
+    for (double bad : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+        XYToPolar(bad, 1.0, bearing, distance);
+        EXPECT_EQ(bearing, 0.0);
+        EXPECT_EQ(distance, 0.0);
+        XYToPolar(1.0, bad, bearing, distance);
+        EXPECT_EQ(bearing, 0.0);
+        EXPECT_EQ(distance, 0.0);
+    }
+}
+
+TEST(Double125Test, NearestSeriesMemberTiesUp)
+{
+    struct Case { double value, expected; };
+    const Case cases[] = {
+        {1, 1},       {1.49, 1},      {1.5, 2},      {2.5, 2},     {3.49, 2},
+        {3.5, 5},     {7.49, 5},      {7.5, 10},     {9.99, 10},   {10, 10},
+        {0.15, 0.2},  {0.3, 0.2},     {0.035, 0.05}, {0.75, 1},    {2500, 2000},
+        {6e-5, 5e-5}, {1.4e12, 1e12}, {8e200, 1e201}, {5e-324, 5e-324},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(Double125(c.value), c.expected) << c.value;
+
+    for (double bad : {0.0, -2.0, std::nan(""), HUGE_VAL})
+        EXPECT_EQ(Double125(bad), 0.0) << bad;
+    EXPECT_TRUE(std::isfinite(Double125(std::numeric_limits<double>::max())));
+}
+
+TEST(RoundingTest, RoundDoubleHalvesAwayFromZeroAndClamps)
+{
+    EXPECT_EQ(RoundDouble(2.5), 3);
+    EXPECT_EQ(RoundDouble(-2.5), -3);
+    EXPECT_EQ(RoundDouble(0.49999999999999994), 0);
+    EXPECT_EQ(RoundDouble(-0.4), 0);
+    EXPECT_EQ(RoundDouble(std::nan("")), 0);
+    EXPECT_EQ(RoundDouble(1e300), std::numeric_limits<long>::max());
+    EXPECT_EQ(RoundDouble(-HUGE_VAL), std::numeric_limits<long>::min());
+}
+
+TEST(RoundingTest, RoundToDecimalsWorksOnTheShortestDecimal)
+{
+    struct Case { double value; int decimals; double expected; };
+    const Case cases[] = {
+        {2.675, 2, 2.68},   {-2.675, 2, -2.68}, {1.005, 2, 1.01},  {0.125, 2, 0.13},
+        {2.5, 0, 3.0},      {9.995, 2, 10.0},   {1234.5678, -3, 1235.0},
+        {0.1 + 0.2, 15, 0.3}, {1e-20, 15, 0.0}, {123456789.123, 40, 123456789.123},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(RoundToDecimals(c.value, c.decimals), c.expected) << c.value;
+    EXPECT_FALSE(std::signbit(RoundToDecimals(-0.001, 2)));
+    EXPECT_EQ(RoundToDecimals(std::nan(""), 2), 0.0);
+}
+
+TEST(RoundingTest, EpsilonAndAlmostEqual)
+{
+    EXPECT_DOUBLE_EQ(Epsilon(0.5), 1e-9);
+    EXPECT_DOUBLE_EQ(Epsilon(-1000.0), 1e-6);
+    EXPECT_TRUE(AlmostEqual(0.1 + 0.2, 0.3));
+    EXPECT_TRUE(AlmostEqual(1e6, 1e6 + 1e-4));
+    EXPECT_FALSE(AlmostEqual(1.0, 1.0 + 1e-8));
+    EXPECT_TRUE(AlmostEqual(HUGE_VAL, HUGE_VAL));
+    EXPECT_FALSE(AlmostEqual(std::nan(""), 0.0));
+}

@@ -1,0 +1,195 @@
+#include <QelConfigure/DataSearch.h>
+#include <QelConfigure/ProjectDefinition.h>
+#include <QelConfigure/QelIniFile_IO.h>
+
+#include "common/TestProject.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+void MakeProject(const QString& folder)
+{
+    QDir().mkpath(folder);
+    QFile file(folder + QStringLiteral("/Project.qpd"));
+    if (file.open(QIODevice::WriteOnly))
+        file.write("[Project]\nCrs = EPSG:32631\n");
+}
+
+} // namespace
+
+TEST(DataSearch, DataFoldersByKind)
+{
+    TestProject test;
+    ASSERT_TRUE(test.IsOpen());
+    const DataSearch& search = DataSearch::GetDataSearch();
+    const QString project = test.ProjectFolder(), common = test.CommonFolder();
+    const std::pair<int, QString> kinds[] = {
+        {1, project}, {2, project + "/Data"}, {3, project + "/Images"},
+        {4, test.ProjectsFolder()}, {8, common}, {9, common + "/ColorTables"},
+        {10, common + "/ColorMaps"}, {14, project + "/MultiMedia"}};
+    for (const auto& [kind, expected] : kinds) {
+        QString path;
+        EXPECT_TRUE(search.GetDataPathInfo(kind, path)) << kind;
+        EXPECT_EQ(path, expected) << kind;
+    }
+    QString path = QStringLiteral("stale");
+    EXPECT_FALSE(search.GetDataPathInfo(5, path));
+    EXPECT_TRUE(path.isEmpty());
+    EXPECT_EQ(search.GetFilePath(84), common + "/Bitmaps/");
+    EXPECT_TRUE(search.GetFilePath(83).isEmpty());
+    EXPECT_EQ(DataSearch::GetDataSearch().GetProjectName(), QStringLiteral("NorthSea"));
+}
+
+TEST(DataSearch, ProjectFoldersNeedAnOpenProject)
+{
+    TestProject test;
+    DataSearch& search = DataSearch::GetDataSearch();
+    search.Close();
+    EXPECT_EQ(search.GetProjectDefinition(), nullptr);
+    for (int kind : {1, 2, 3, 14}) {
+        QString path;
+        EXPECT_FALSE(search.GetDataPathInfo(kind, path)) << kind;
+    }
+    QString path;
+    EXPECT_TRUE(search.GetDataPathInfo(8, path)); // the settings still name the folders
+    EXPECT_EQ(path, test.CommonFolder());
+    EXPECT_TRUE(search.GetFullPath(13).isEmpty());
+}
+
+TEST(DataSearch, FullPathsByFileKind)
+{
+    TestProject test;
+    ASSERT_TRUE(test.IsOpen());
+    const DataSearch& search = DataSearch::GetDataSearch();
+    const QString common = test.CommonFolder();
+    struct Case { int kind; QString name; QString expected; };
+    const Case cases[] = {
+        {8, "", common + "/Units.def"},
+        {8, "Other", common + "/Units.def"},
+        {13, "", test.ProjectFolder() + "/Project.qpd"},
+        {13, "Wreck", test.ProjectsFolder() + "/Wreck/Project.qpd"},
+        {25, "Depth", common + "/ColorTables/Depth.ctb"},
+        {25, "Depth.ctb", common + "/ColorTables/Depth.ctb"},
+        {25, "Depth.CTB", common + "/ColorTables/Depth.CTB"},
+        {25, "Depth.cmap", common + "/ColorTables/Depth.cmap.ctb"},
+        {60, "night", common + "/ColorMaps/night.cmap"},
+        {60, "night.cmap", common + "/ColorMaps/night.cmap"},
+        {60, "/elsewhere/bright", "/elsewhere/bright.cmap"},
+        {25, "", ""},
+        {99, "night", ""},
+        {-1, "", ""},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(search.GetFullPath(c.kind, c.name), c.expected) << c.kind << " " << c.name.toStdString();
+    EXPECT_TRUE(QFile::exists(search.GetFullPath(8)));
+    EXPECT_TRUE(QFile::exists(search.GetFullPath(13)));
+}
+
+TEST(DataSearch, FileTypes)
+{
+    const DataSearch& search = DataSearch::GetDataSearch();
+    QString name, ext, description;
+    int kind = 0;
+    ASSERT_TRUE(search.GetDefaultFileName(13, name) && search.GetFileExtension(13, ext));
+    EXPECT_EQ(name + ext, QStringLiteral("Project.qpd"));
+    ASSERT_TRUE(search.GetFileTypeInfo(25, description, ext, kind));
+    EXPECT_EQ(ext + QString::number(kind), QStringLiteral(".ctb9"));
+    ext = QStringLiteral("kept");
+    EXPECT_FALSE(search.GetFileExtension(12, ext) || search.GetDefaultFileName(12, name)
+                 || search.GetFileTypeInfo(12, description, ext, kind));
+    EXPECT_EQ(ext, QStringLiteral("kept"));
+}
+
+TEST(DataSearch, ProjectsAreFoldersWithAProjectFile)
+{
+    TestProject test;
+    ASSERT_TRUE(test.IsOpen());
+    MakeProject(test.ProjectsFolder() + "/beta");
+    MakeProject(test.ProjectsFolder() + "/Alpha");
+    QDir().mkpath(test.ProjectsFolder() + "/Empty");
+    QStringList names;
+    ASSERT_TRUE(DataSearch::GetDataSearch().GetProjects(names));
+    EXPECT_EQ(names, (QStringList{"Alpha", "beta", "NorthSea"}));
+
+    // The settings choose the projects folder, as the project selection does.
+    QTemporaryDir empty;
+    DataSearch::GetDataSearch().GetIniFile().SetProjectPath(empty.path());
+    EXPECT_FALSE(DataSearch::GetDataSearch().GetProjects(names));
+    EXPECT_TRUE(names.isEmpty());
+}
+
+TEST(DataSearch, OpenKeepsThePreviousProjectOnFailure)
+{
+    TestProject test;
+    ASSERT_TRUE(test.IsOpen());
+    DataSearch& search = DataSearch::GetDataSearch();
+    ProjectDefinition* before = search.GetProjectDefinition();
+    for (const char* name : {"Missing", "", "..", "../NorthSea"})
+        EXPECT_FALSE(search.Open(test.ProjectsFolder(), QString::fromLatin1(name))) << name;
+    EXPECT_FALSE(search.Open(QString(), QStringLiteral("NorthSea")));
+    EXPECT_EQ(search.GetProjectDefinition(), before);
+
+    MakeProject(test.ProjectsFolder() + "/Alpha");
+    QTemporaryDir common;
+    ASSERT_TRUE(search.Open(test.ProjectsFolder(), QStringLiteral("Alpha"), common.path()));
+    QString path;
+    ASSERT_TRUE(search.GetDataPathInfo(8, path));
+    EXPECT_EQ(path, QDir::cleanPath(common.path()));
+    EXPECT_EQ(search.GetProjectName(), QStringLiteral("Alpha"));
+
+    // The choice is in the settings: closing and reopening from them gives the same project.
+    search.Close();
+    ASSERT_TRUE(search.OpenFromSettings());
+    EXPECT_EQ(search.GetProjectName(), QStringLiteral("Alpha"));
+    ASSERT_TRUE(search.GetDataPathInfo(8, path));
+    EXPECT_EQ(path, QDir::cleanPath(common.path()));
+}
+
+TEST(QelIniFile_IO, RoundTripOnAFile)
+{
+    QTemporaryDir dir;
+    const QString file = dir.filePath(QStringLiteral("suite.ini"));
+    {
+        QelIniFile_IO ini(file);
+        QString text = QStringLiteral("kept");
+        bool flag = true;
+        EXPECT_FALSE(ini.GetProjectPath(text));
+        EXPECT_FALSE(ini.GetCurrentProjectName(text));
+        EXPECT_FALSE(ini.GetCommonProjectFilesPath(text));
+        EXPECT_FALSE(ini.GetUseDefaultCommonPath(flag));
+        EXPECT_FALSE(ini.GetString(QStringLiteral("ProjectHistory"), QStringLiteral("Project0"), text));
+        EXPECT_EQ(text, QStringLiteral("kept"));
+        EXPECT_TRUE(flag);
+
+        ini.SetProjectPath(QStringLiteral("/data/QEL Projects"));
+        ini.SetCurrentProjectName(QStringLiteral("NorthSea"));
+        ini.SetCommonProjectFilesPath(QStringLiteral("/data/common"));
+        ini.SetUseDefaultCommonPath(false);
+        ini.SetString(QStringLiteral("ProjectHistory"), QStringLiteral("Project0"),
+                      QStringLiteral("/data/QEL Projects,NorthSea"));
+        ini.SetString(QString(), QStringLiteral("Orphan"), QStringLiteral("x"));
+    }
+    QelIniFile_IO ini(file);
+    QString text;
+    bool flag = true;
+    EXPECT_TRUE(ini.GetProjectPath(text));
+    EXPECT_EQ(text, QStringLiteral("/data/QEL Projects"));
+    EXPECT_TRUE(ini.GetCurrentProjectName(text));
+    EXPECT_EQ(text, QStringLiteral("NorthSea"));
+    EXPECT_TRUE(ini.GetCommonProjectFilesPath(text));
+    EXPECT_EQ(text, QStringLiteral("/data/common"));
+    EXPECT_TRUE(ini.GetUseDefaultCommonPath(flag));
+    EXPECT_FALSE(flag);
+    EXPECT_TRUE(ini.GetString(QStringLiteral("ProjectHistory"), QStringLiteral("Project0"), text));
+    EXPECT_EQ(text, QStringLiteral("/data/QEL Projects,NorthSea"));
+    EXPECT_FALSE(ini.GetString(QString(), QStringLiteral("Orphan"), text));
+
+    EXPECT_TRUE(ini.RemoveKey(QStringLiteral("ProjectHistory"), QStringLiteral("Project0")));
+    EXPECT_FALSE(ini.RemoveKey(QStringLiteral("ProjectHistory"), QStringLiteral("Project0")));
+    EXPECT_FALSE(ini.GetString(QStringLiteral("ProjectHistory"), QStringLiteral("Project0"), text));
+}

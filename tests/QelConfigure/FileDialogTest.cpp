@@ -1,0 +1,176 @@
+#include <QelConfigure/DataSearch.h>
+#include <QelConfigure/FileDialogRequest.h>
+#include <QelConfigure/FileTypeDialog.h>
+
+#include "common/TestProject.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+namespace {
+
+// Installs a hook for one test that records the request and answers with `answer`.
+class HookScope
+{
+public:
+    explicit HookScope(QStringList answer, bool ok = true)
+    {
+        SetFileDialogHook([this, answer, ok](const FileDialogRequest& request, QStringList& chosen) {
+            seen = request;
+            ++calls;
+            chosen = answer;
+            return ok;
+        });
+    }
+    ~HookScope() { SetFileDialogHook({}); }
+    std::optional<FileDialogRequest> seen;
+    int calls = 0;
+};
+
+} // namespace
+
+TEST(FileDialogRequest, QtNameFilters)
+{
+    const std::pair<const char*, QStringList> cases[] = {
+        {"Bitmap File (*.bmp)|*.bmp||", {"Bitmap File (*.bmp)"}},
+        {"Joint Photographic Group File (*.jpg)|*.jpg|Bitmap File (*.bmp)|*.bmp||",
+         {"Joint Photographic Group File (*.jpg)", "Bitmap File (*.bmp)"}},
+        {"Images (*.jpg;*.jpeg)|*.jpg;*.jpeg||", {"Images (*.jpg *.jpeg)"}},
+        {"Images|*.jpg; *.jpeg|", {"Images (*.jpg *.jpeg)"}},
+        {"Text (*.txt)|*.txt", {"Text (*.txt)"}},
+        {"All Files (*.*)|*.*||", {"All Files (*.*)"}},
+        {"", {}},
+        {"||", {}},
+        {"*.csv", {}},
+        {"Text (*.txt)|*.txt|Other||", {}},
+        {"|*.txt||", {}},
+        {"Text|;;||", {}},
+        {"Odd|*(x)||", {}},
+    };
+    for (const auto& [filter, expected] : cases)
+        EXPECT_EQ(QtNameFilters(QString::fromUtf8(filter)), expected) << filter;
+}
+
+TEST(FileDialogRequest, RealDialogFollowsTheRequest)
+{
+    using namespace FileDialogFlags;
+    struct Case { FileDialogRequest::Mode mode; quint32 flags; QFileDialog::FileMode fileMode;
+                  QFileDialog::AcceptMode accept; bool confirmOverwrite; };
+    const Case cases[] = {
+        {FileDialogRequest::Open, OFN_EXPLORER, QFileDialog::ExistingFile, QFileDialog::AcceptOpen, false},
+        {FileDialogRequest::OpenMultiple, OFN_ALLOWMULTISELECT, QFileDialog::ExistingFiles, QFileDialog::AcceptOpen, false},
+        {FileDialogRequest::Save, OFN_OVERWRITEPROMPT, QFileDialog::AnyFile, QFileDialog::AcceptSave, true},
+        {FileDialogRequest::Save, 0, QFileDialog::AnyFile, QFileDialog::AcceptSave, false},
+        {FileDialogRequest::Save, OFN_FILEMUSTEXIST, QFileDialog::ExistingFile, QFileDialog::AcceptSave, false},
+    };
+    TestProject test;
+    for (const Case& c : cases) {
+        FileDialogRequest request;
+        request.mode = c.mode;
+        request.flags = c.flags;
+        request.title = QStringLiteral("Pick");
+        request.directory = test.CommonFolder();
+        request.filter = QStringLiteral("Units (*.def)|*.def||");
+        request.defaultSuffix = QStringLiteral(".def");
+        std::optional<bool> native, confirm;
+        QFileDialog::FileMode fileMode{};
+        QFileDialog::AcceptMode accept{};
+        QStringList filters;
+        QString suffix, title;
+        QTimer inspector;
+        QObject::connect(&inspector, &QTimer::timeout, [&] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            if (!dialog)
+                return;
+            native = !dialog->testOption(QFileDialog::DontUseNativeDialog);
+            confirm = !dialog->testOption(QFileDialog::DontConfirmOverwrite);
+            fileMode = dialog->fileMode();
+            accept = dialog->acceptMode();
+            filters = dialog->nameFilters();
+            suffix = dialog->defaultSuffix();
+            title = dialog->windowTitle();
+            dialog->reject();
+        });
+        inspector.start(10);
+        QStringList chosen;
+        EXPECT_FALSE(RunFileDialog(request, chosen));
+        inspector.stop();
+        ASSERT_TRUE(native.has_value());
+        EXPECT_FALSE(*native);
+        EXPECT_EQ(fileMode, c.fileMode);
+        EXPECT_EQ(accept, c.accept);
+        if (c.mode == FileDialogRequest::Save) {
+            EXPECT_EQ(*confirm, c.confirmOverwrite);
+        }
+        EXPECT_EQ(filters, QStringList{QStringLiteral("Units (*.def)")});
+        EXPECT_EQ(suffix, QStringLiteral("def"));
+        EXPECT_EQ(title, QStringLiteral("Pick"));
+        EXPECT_TRUE(chosen.isEmpty());
+    }
+}
+
+TEST(FileTypeDialog, OpenAColourTableThroughTheHook)
+{
+    TestProject test;
+    ASSERT_TRUE(test.IsOpen());
+    HookScope hook({test.CommonFolder() + "/ColorTables/Depth Shallow.v2.ctb"});
+    FileTypeDialog dialog(25, false, nullptr);
+    ASSERT_TRUE(dialog.Go());
+    ASSERT_TRUE(hook.seen);
+    EXPECT_EQ(hook.seen->mode, FileDialogRequest::Open);
+    EXPECT_EQ(hook.seen->directory, test.CommonFolder() + "/ColorTables");
+    EXPECT_EQ(hook.seen->filter, QStringLiteral("Color Table File (*.ctb)|*.ctb||"));
+    EXPECT_TRUE(hook.seen->flags & FileDialogFlags::OFN_FILEMUSTEXIST);
+    EXPECT_FALSE(hook.seen->flags & FileDialogFlags::OFN_OVERWRITEPROMPT);
+    EXPECT_EQ(dialog.GetPathName(), test.CommonFolder() + "/ColorTables/Depth Shallow.v2.ctb");
+    EXPECT_EQ(dialog.GetFileTitle(), QStringLiteral("Depth Shallow.v2"));
+}
+
+TEST(FileTypeDialog, SaveAProjectOfferTheDefaultName)
+{
+    TestProject test;
+    ASSERT_TRUE(test.IsOpen());
+    HookScope hook({test.ProjectFolder() + "/Project.qpd"});
+    FileTypeDialog dialog(13, true, nullptr);
+    ASSERT_TRUE(dialog.Go());
+    ASSERT_TRUE(hook.seen);
+    EXPECT_EQ(hook.seen->mode, FileDialogRequest::Save);
+    EXPECT_EQ(hook.seen->directory, test.ProjectFolder());
+    EXPECT_EQ(hook.seen->defaultName, QStringLiteral("Project.qpd"));
+    EXPECT_TRUE(hook.seen->flags & FileDialogFlags::OFN_OVERWRITEPROMPT);
+    EXPECT_EQ(dialog.GetFileTitle(), QStringLiteral("Project"));
+}
+
+TEST(FileTypeDialog, CancelAndUnknownTypes)
+{
+    HookScope cancel({"/x.ctb"}, false);
+    FileTypeDialog cancelled(25, false, nullptr);
+    EXPECT_FALSE(cancelled.Go());
+    EXPECT_TRUE(cancelled.GetPathName().isEmpty());
+    EXPECT_TRUE(cancelled.GetFileTitle().isEmpty());
+
+    const int callsBefore = cancel.calls;
+    FileTypeDialog unknown(4242, false, nullptr);
+    EXPECT_FALSE(unknown.Go());
+    FileTypeDialog huge(0xFFFFFFFFu, true, nullptr);
+    EXPECT_FALSE(huge.Go());
+    EXPECT_EQ(cancel.calls, callsBefore);
+
+    // Several files come back as they are; OK without a file is no choice.
+    FileDialogRequest request;
+    request.mode = FileDialogRequest::OpenMultiple;
+    QStringList chosen{"stale"};
+    {
+        HookScope many({"/a.txt", "/b.txt"});
+        EXPECT_TRUE(RunFileDialog(request, chosen));
+        EXPECT_EQ(chosen, (QStringList{"/a.txt", "/b.txt"}));
+    }
+    HookScope none({}, true);
+    EXPECT_FALSE(RunFileDialog(request, chosen));
+    EXPECT_TRUE(chosen.isEmpty());
+}

@@ -1,0 +1,244 @@
+#include <QelConfigure/ProjectDefinition.h>
+#include <QelConfigure/UnitDefinition.h>
+
+#include <QelBase/QelUnitCnv.h>
+
+#include "common/TestProject.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+
+namespace {
+
+QString WriteFile(const QTemporaryDir& dir, const QString& name, const QByteArray& text)
+{
+    const QString path = dir.filePath(name);
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly))
+        file.write(text);
+    return path;
+}
+
+QByteArray ReadFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+TEST(ProjectDefinition, MissingKeysGiveDefaults)
+{
+    QTemporaryDir dir;
+    const QString path = WriteFile(dir, QStringLiteral("Project.qpd"),
+                                   "[Project]\nName = Bare\n[Options]\nAutoShowAlerts = 0\n");
+    ProjectDefinition project;
+    ASSERT_TRUE(project.Load(path));
+    int grid = -1, geogs = -1, distance = -1, depth = -1, bearing = -1;
+    unsigned flags = 0, feet = 99;
+    EXPECT_TRUE(project.GetGridDecimals(grid));
+    project.GetGeogsDecimals(geogs);
+    project.GetDistanceDecimals(distance);
+    project.GetDepthDecimals(depth);
+    project.GetBearingDecimals(bearing);
+    project.GetGeogsFlags(flags);
+    project.GetFeetsFlags(feet);
+    EXPECT_EQ((std::array{grid, geogs, distance, depth, bearing}), (std::array{2, 2, 2, 2, 2}));
+    EXPECT_EQ(flags, 7u);
+    EXPECT_EQ(feet, 0u);
+    EXPECT_EQ(project.GetCoordFormat(), ProjectDefinition::COORD_GRID);
+    EXPECT_EQ(project.GetGeoCoordSys(), nullptr);
+    EXPECT_EQ(project.GetUnitCnv().GetUnitKey(UNIT_DISTANCE), QStringLiteral("m"));
+    QString media = QStringLiteral("stale");
+    EXPECT_FALSE(project.GetMultiMediaFilePath(media));
+    EXPECT_TRUE(media.isEmpty());
+    EXPECT_EQ(project.GetProjectName(), QStringLiteral("Bare"));
+    EXPECT_EQ(project.GetProjectFolder(), QDir(dir.path()).absolutePath());
+}
+
+TEST(ProjectDefinition, OutOfRangeValuesAreCorrected)
+{
+    struct Case { const char* text; int grid; unsigned flags; int format; };
+    const Case cases[] = {
+        {"[Decimals]\nGrid = 40\n[Geographic]\nFlags = 5\n[Coordinates]\nFormat = 9\n", 12, 7, 1},
+        {"[Decimals]\nGrid = -3\n[Geographic]\nFlags = 3\n[Coordinates]\nFormat = 2\n", 0, 3, 2},
+        {"[Decimals]\nGrid = x\n[Geographic]\nFlags = 1\n[Coordinates]\nFormat = 0\n", 2, 1, 1},
+        {"[Decimals]\nGrid = 5\n[Geographic]\nFlags = 0\n", 5, 7, 1},
+    };
+    for (const Case& c : cases) {
+        QTemporaryDir dir;
+        ProjectDefinition project;
+        ASSERT_TRUE(project.Load(WriteFile(dir, QStringLiteral("p.qpd"), c.text)));
+        int grid = -1;
+        unsigned flags = 0;
+        project.GetGridDecimals(grid);
+        project.GetGeogsFlags(flags);
+        EXPECT_EQ(grid, c.grid) << c.text;
+        EXPECT_EQ(flags, c.flags) << c.text;
+        EXPECT_EQ(int(project.GetCoordFormat()), c.format) << c.text;
+    }
+    ProjectDefinition project;
+    project.SetDepthDecimals(13);
+    project.SetGeogsFlags(4);
+    int depth = 0;
+    unsigned flags = 0;
+    project.GetDepthDecimals(depth);
+    project.GetGeogsFlags(flags);
+    EXPECT_EQ(depth, 12);
+    EXPECT_EQ(flags, 7u);
+}
+
+TEST(ProjectDefinition, CrsDefinitionAndCoordinateSystem)
+{
+    QTemporaryDir dir;
+    ProjectDefinition project;
+    ASSERT_TRUE(project.Load(WriteFile(dir, QStringLiteral("p.qpd"), "[Project]\nCrs = EPSG:4326\n")));
+    EXPECT_EQ(project.GetGeoCoordSys(), nullptr); // geographic: no grid
+    EXPECT_EQ(project.GetCrsDefinition(), QStringLiteral("EPSG:4326"));
+
+    EXPECT_FALSE(project.SetCrsDefinition(QStringLiteral("no such crs")));
+    EXPECT_EQ(project.GetCrsDefinition(), QStringLiteral("EPSG:4326"));
+    ASSERT_TRUE(project.SetCrsDefinition(QStringLiteral("EPSG:32631")));
+    ASSERT_NE(project.GetGeoCoordSys(), nullptr);
+    EXPECT_TRUE(project.GetGeoCoordSys()->IsSatelliteLatLon());
+    EXPECT_TRUE(project.SetCrsDefinition(QString()));
+    EXPECT_EQ(project.GetGeoCoordSys(), nullptr);
+
+    EXPECT_FALSE(project.Load(dir.filePath(QStringLiteral("missing.qpd"))));
+}
+
+TEST(ProjectDefinition, SaveRoundTripKeepsUnknownEntriesAndOptions)
+{
+    TestProject test;
+    ASSERT_TRUE(test.IsOpen());
+    const QString path = test.ProjectFolder() + QStringLiteral("/Project.qpd");
+    {
+        ProjectDefinition project;
+        ASSERT_TRUE(project.Load(path));
+        project.SetString(QStringLiteral("Survey"), QStringLiteral("Vessel"), QStringLiteral("Orca"));
+        project.SetGridDecimals(3);
+        project.SetGeogsFlags(3);
+        project.SetCoordFormat(ProjectDefinition::COORD_GEOGRAPHIC);
+        project.SetFeetsFlags(1);
+        ASSERT_TRUE(project.GetUnitCnv().SetUnit(UNIT_DEPTH, QStringLiteral("ft")));
+        project.SetMultiMediaFilePath(test.ProjectFolder() + QStringLiteral("/Media/Photos"));
+        project.SetOption(QStringLiteral("Beep"), QStringLiteral("yes"));
+        ASSERT_TRUE(project.FileSave(QString(), 0, 4113));
+    }
+    ProjectDefinition reread;
+    ASSERT_TRUE(reread.Load(path));
+    int grid = 0;
+    unsigned flags = 0, feet = 0;
+    reread.GetGridDecimals(grid);
+    reread.GetGeogsFlags(flags);
+    reread.GetFeetsFlags(feet);
+    EXPECT_EQ(grid, 3);
+    EXPECT_EQ(flags, 3u);
+    EXPECT_EQ(feet, 1u);
+    EXPECT_EQ(reread.GetCoordFormat(), ProjectDefinition::COORD_GEOGRAPHIC);
+    EXPECT_EQ(reread.GetUnitCnv().GetUnitKey(UNIT_DEPTH), QStringLiteral("ft"));
+    EXPECT_EQ(reread.GetCrsDefinition(), QStringLiteral("EPSG:32631"));
+    EXPECT_NE(reread.GetGeoCoordSys(), nullptr);
+
+    QString media, value;
+    ASSERT_TRUE(reread.GetMultiMediaFilePath(media));
+    EXPECT_EQ(media, test.ProjectFolder() + QStringLiteral("/Media/Photos"));
+    EXPECT_TRUE(reread.GetString(QStringLiteral("Folders"), QStringLiteral("MultiMedia"), value));
+    EXPECT_EQ(value, QStringLiteral("Media/Photos")); // kept relative: the project can move
+    bool autoShow = false;
+    EXPECT_TRUE(reread.GetBool(QStringLiteral("Options"), QStringLiteral("AutoShowAlerts"), autoShow));
+    EXPECT_TRUE(autoShow);
+    EXPECT_TRUE(reread.GetOption(QStringLiteral("Beep"), value));
+    EXPECT_EQ(value, QStringLiteral("yes"));
+    EXPECT_TRUE(reread.GetString(QStringLiteral("Survey"), QStringLiteral("Vessel"), value));
+    EXPECT_EQ(value, QStringLiteral("Orca"));
+    EXPECT_TRUE(ReadFile(path).contains("; NorthSea: the sample survey project"));
+}
+
+TEST(ProjectDefinition, MultiMediaFolderOutsideTheProjectStaysAbsolute)
+{
+    TestProject test;
+    ASSERT_TRUE(test.IsOpen());
+    ProjectDefinition& project = *test.Project();
+    QString media;
+    ASSERT_TRUE(project.GetMultiMediaFilePath(media));
+    EXPECT_EQ(media, test.ProjectFolder() + QStringLiteral("/MultiMedia"));
+
+    const QString outside = test.ProjectsFolder() + QStringLiteral("/Shared/Media");
+    project.SetMultiMediaFilePath(outside);
+    ASSERT_TRUE(project.GetMultiMediaFilePath(media));
+    EXPECT_EQ(media, outside);
+    project.SetMultiMediaFilePath(QString());
+    EXPECT_FALSE(project.GetMultiMediaFilePath(media));
+}
+
+TEST(UnitDefinition, SampleDistanceGroupMatchesTheConverter)
+{
+    UnitDefinition units;
+    ASSERT_TRUE(units.FileOpen(QStringLiteral(QEL_SAMPLES_DIR "/Common/Units.def"), 32));
+    const QStringList expectedKeys = {"m", "km", "cm", "mm", "ft", "ftUS", "yd", "fathom", "NM", "mi"};
+    QStringList keys;
+    QString key, menu, abbreviation;
+    double factor = 0.0, offset = 0.0;
+    for (bool ok = units.GetFirstGroupItem(2, key, menu, factor, offset, abbreviation); ok;
+         ok = units.GetNextGroupItem(key, menu, factor, offset, abbreviation)) {
+        keys.append(key);
+        UnitInfo known;
+        ASSERT_TRUE(CQelUnitCnv::FindUnit(UNIT_DISTANCE, key, known)) << key.toStdString();
+        EXPECT_EQ(factor, known.factor) << key.toStdString(); // bit-exact
+        EXPECT_EQ(offset, 0.0);
+        EXPECT_FALSE(menu.isEmpty());
+        EXPECT_FALSE(abbreviation.isEmpty());
+    }
+    EXPECT_EQ(keys, expectedKeys);
+    ASSERT_EQ(units.GetGroupItems(2).at(5).factor, 1200.0 / 3937.0);
+
+    // Every other group's keys are units the converter knows of the matching kind.
+    const std::pair<int, int> groups[] = {{1, UNIT_SPEED}, {3, UNIT_ANGULAR}, {4, UNIT_VOLUME},
+                                          {5, UNIT_AREA}, {6, UNIT_TEMPERATURE}};
+    for (const auto& [group, kind] : groups) {
+        const auto items = units.GetGroupItems(group);
+        EXPECT_FALSE(items.isEmpty()) << group;
+        for (const auto& item : items) {
+            UnitInfo known;
+            EXPECT_TRUE(CQelUnitCnv::FindUnit(kind, item.key, known)) << item.key.toStdString();
+            EXPECT_NEAR(item.factor, known.factor, 1e-15 * std::abs(known.factor));
+            EXPECT_NEAR(item.offset, known.offset, 1e-12);
+        }
+    }
+}
+
+TEST(UnitDefinition, MalformedItemsAreSkipped)
+{
+    UnitDefinition units;
+    units.LoadFromText(QStringLiteral("[Group2]\n"
+                                      "a = Alpha; 2; 0; al\n"
+                                      "b = Beta; 0; 0; be\n"        // zero factor
+                                      "c = Gamma; x; 0; ga\n"       // not a number
+                                      "d = Delta; 1; 0\n"           // missing abbreviation
+                                      "e = ; 1; 0; ep\n"            // empty menu text
+                                      "f = Phi; inf; 0; ph\n"       // not finite
+                                      "g = Gamma; 3; 0.5; gm; x\n"  // extra field
+                                      "h = Eta; 1e3; -1.5; et\n"));
+    QStringList keys;
+    for (const auto& item : units.GetGroupItems(2))
+        keys.append(item.key);
+    EXPECT_EQ(keys, (QStringList{"a", "h"}));
+
+    QString key = QStringLiteral("kept"), menu, abbreviation;
+    double factor = 7.0, offset = 7.0;
+    EXPECT_FALSE(units.GetFirstGroupItem(9, key, menu, factor, offset, abbreviation));
+    EXPECT_EQ(key, QStringLiteral("kept"));
+    EXPECT_EQ(factor, 7.0);
+    ASSERT_TRUE(units.GetFirstGroupItem(2, key, menu, factor, offset, abbreviation));
+    ASSERT_TRUE(units.GetNextGroupItem(key, menu, factor, offset, abbreviation));
+    EXPECT_EQ(offset, -1.5);
+    EXPECT_FALSE(units.GetNextGroupItem(key, menu, factor, offset, abbreviation));
+    EXPECT_FALSE(units.GetNextGroupItem(key, menu, factor, offset, abbreviation));
+}

@@ -1,0 +1,227 @@
+#include <QelConfigure/QelGeoCoordSys.h>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <numbers>
+#include <thread>
+#include <vector>
+
+namespace {
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kRad = std::numbers::pi / 180.0;
+
+// WGS 84 / GRS 80 ellipsoid values for the independent reference formulas below.
+constexpr double kA = 6378137.0;
+constexpr double kF = 1.0 / 298.257223563;
+constexpr double kE2 = kF * (2.0 - kF);
+constexpr double kEp2 = kE2 / (1.0 - kE2);
+
+// Transverse Mercator point scale as the classic series gives it (k0 times the bracket),
+// with A = dLambda cos(phi), T = tan^2(phi), C = e'^2 cos^2(phi).
+double TmSeriesScale(double k0, double latDeg, double dLonDeg)
+{
+    const double phi = latDeg * kRad;
+    const double a = dLonDeg * kRad * std::cos(phi);
+    const double t = std::tan(phi) * std::tan(phi);
+    const double c = kEp2 * std::cos(phi) * std::cos(phi);
+    return k0
+        * (1.0 + (1.0 + c) * a * a / 2.0
+           + (5.0 - 4.0 * t + 42.0 * c + 13.0 * c * c - 28.0 * kEp2) * std::pow(a, 4) / 24.0
+           + (61.0 - 148.0 * t + 16.0 * t * t) * std::pow(a, 6) / 720.0);
+}
+
+std::unique_ptr<QelGeoCoordSys> Make(const char* definition)
+{
+    QString error;
+    auto cs = QelGeoCoordSys::Create(QString::fromLatin1(definition), &error);
+    EXPECT_TRUE(cs) << definition << ": " << error.toStdString();
+    return cs;
+}
+
+} // namespace
+
+TEST(QelGeoCoordSys, UtmForwardMatchesKnownCoordinates)
+{
+    auto utm = Make("EPSG:32631");
+    ASSERT_TRUE(utm);
+    double x = 0.0, y = 0.0;
+    ASSERT_TRUE(utm->GeoToGrid(0.0, 3.0, x, y));
+    EXPECT_NEAR(x, 500000.0, 1e-6);
+    EXPECT_NEAR(y, 0.0, 1e-6);
+    ASSERT_TRUE(utm->GeoToGrid(52.0, 3.0, x, y));
+    EXPECT_NEAR(x, 500000.0, 1e-3);
+    EXPECT_NEAR(y, 5761038.212, 1e-3);
+    EXPECT_TRUE(utm->IsSatelliteLatLon());
+    EXPECT_EQ(utm->GetDefinition(), QStringLiteral("EPSG:32631"));
+    EXPECT_DOUBLE_EQ(utm->GetLinearUnitFactor(), 1.0);
+
+    const double points[][2] = {{52.0, 3.0}, {51.37, 1.12}, {61.9, 5.99}, {-33.5, 2.25}};
+    for (const auto& p : points) {
+        double lat = 0.0, lon = 0.0;
+        ASSERT_TRUE(utm->GeoToGrid(p[0], p[1], x, y));
+        ASSERT_TRUE(utm->GridToGeo(x, y, lat, lon));
+        EXPECT_NEAR(lat, p[0], 1e-9);
+        EXPECT_NEAR(lon, p[1], 1e-9);
+    }
+}
+
+TEST(QelGeoCoordSys, UtmScaleFactorFollowsTransverseMercatorSeries)
+{
+    auto utm = Make("EPSG:32631");
+    ASSERT_TRUE(utm);
+    struct Case { double lat, lon; };
+    const Case cases[] = {{0.0, 3.0}, {52.0, 3.0}, {75.0, 3.0}, {-40.0, 3.0},
+                          {0.0, 6.0}, {0.0, 0.0}, {52.0, 5.0}, {60.0, 0.5}, {-20.0, 4.5}};
+    for (const Case& c : cases) {
+        double x = 0.0, y = 0.0;
+        ASSERT_TRUE(utm->GeoToGrid(c.lat, c.lon, x, y));
+        const double expected = TmSeriesScale(0.9996, c.lat, c.lon - 3.0);
+        EXPECT_NEAR(utm->GetPointScaleFactor(x, y), expected, 1e-7) << c.lat << " " << c.lon;
+    }
+    double x = 0.0, y = 0.0;
+    ASSERT_TRUE(utm->GeoToGrid(0.0, 6.0, x, y)); // zone edge on the equator
+    EXPECT_NEAR(utm->GetPointScaleFactor(x, y), 1.00098106, 1e-8);
+}
+
+TEST(QelGeoCoordSys, FeetAndNorthingFirstCrsScaleOnTheirCentralMeridians)
+{
+    struct Case { const char* crs; double lat, lon, k0; bool satellite; double unit; };
+    const Case cases[] = {
+        {"EPSG:2222", 33.0, -(110.0 + 10.0 / 60.0), 0.9999, false, 0.3048},
+        {"EPSG:31467", 50.0, 9.0, 1.0, false, 1.0},
+        {"EPSG:32631", 45.0, 3.0, 0.9996, true, 1.0},
+        {"EPSG:25831", 45.0, 3.0, 0.9996, false, 1.0}, // ETRS89 is not the satellite datum
+    };
+    for (const Case& c : cases) {
+        auto cs = Make(c.crs);
+        ASSERT_TRUE(cs);
+        double x = 0.0, y = 0.0;
+        ASSERT_TRUE(cs->GeoToGrid(c.lat, c.lon, x, y)) << c.crs;
+        EXPECT_NEAR(cs->GetPointScaleFactor(x, y), c.k0, 1e-7) << c.crs;
+        EXPECT_EQ(cs->IsSatelliteLatLon(), c.satellite) << c.crs;
+        EXPECT_NEAR(cs->GetLinearUnitFactor(), c.unit, 1e-12) << c.crs;
+    }
+}
+
+TEST(QelGeoCoordSys, NorthingFirstCrsStillGivesEastingAsX)
+{
+    auto gk = Make("EPSG:31467");
+    ASSERT_TRUE(gk);
+    double x = 0.0, y = 0.0;
+    ASSERT_TRUE(gk->GeoToGrid(50.0, 9.0, x, y));
+    EXPECT_NEAR(x, 3500000.0, 1e-3);
+    EXPECT_NEAR(y, 5540279.542, 1e-2);
+    double lat = 0.0, lon = 0.0;
+    ASSERT_TRUE(gk->GridToGeo(x, y, lat, lon));
+    EXPECT_NEAR(lat, 50.0, 1e-9);
+    EXPECT_NEAR(lon, 9.0, 1e-9);
+
+    // Arizona East: false easting 213360 m = 700000 international feet on the central meridian.
+    auto az = Make("EPSG:2222");
+    ASSERT_TRUE(az);
+    ASSERT_TRUE(az->GeoToGrid(33.0, -(110.0 + 10.0 / 60.0), x, y));
+    EXPECT_NEAR(x, 700000.0, 1e-3);
+}
+
+TEST(QelGeoCoordSys, LineScaleFactorCorrectsGridDistance)
+{
+    auto utm = Make("EPSG:32631");
+    ASSERT_TRUE(utm);
+    double x = 0.0, y = 0.0;
+    ASSERT_TRUE(utm->GeoToGrid(52.0, 3.0, x, y));
+
+    // A zero-length line scales like its point; the order of the ends does not matter.
+    EXPECT_DOUBLE_EQ(utm->GetScaleFactor(x, y, x, y), utm->GetPointScaleFactor(x, y));
+    const double k12 = utm->GetScaleFactor(x - 100000.0, y, x + 50000.0, y + 30000.0);
+    EXPECT_DOUBLE_EQ(k12, utm->GetScaleFactor(x + 50000.0, y + 30000.0, x - 100000.0, y));
+
+    // East-west line across the central meridian: the surveyor's line formula
+    // k0 (1 + (e1^2 + e1 e2 + e2^2) / (6 R^2)) with e measured from the meridian, R = sqrt(M N).
+    const double s = std::sin(52.0 * kRad);
+    const double w2 = 1.0 - kE2 * s * s;
+    const double r2 = (kA * (1.0 - kE2) / (w2 * std::sqrt(w2))) * (kA / std::sqrt(w2));
+    const double e1 = -100000.0 / 0.9996, e2 = 60000.0 / 0.9996;
+    const double expected = 0.9996 * (1.0 + (e1 * e1 + e1 * e2 + e2 * e2) / (6.0 * r2));
+    EXPECT_NEAR(utm->GetScaleFactor(x - 100000.0, y, x + 60000.0, y), expected, 1e-6);
+}
+
+TEST(QelGeoCoordSys, OtherDefinitionForms)
+{
+    auto fromProjString = Make("+proj=utm +zone=31 +datum=WGS84 +units=m");
+    ASSERT_TRUE(fromProjString);
+    EXPECT_TRUE(fromProjString->IsSatelliteLatLon());
+    double x = 0.0, y = 0.0;
+    ASSERT_TRUE(fromProjString->GeoToGrid(52.0, 3.0, x, y));
+    EXPECT_NEAR(y, 5761038.212, 1e-3);
+
+    auto compound = Make("EPSG:7415"); // Amersfoort / RD New + NAP height: horizontal part used
+    ASSERT_TRUE(compound);
+    ASSERT_TRUE(compound->GeoToGrid(52.15616055555555, 5.38763888888889, x, y));
+    EXPECT_NEAR(x, 155000.0, 1e-2);
+    EXPECT_NEAR(y, 463000.0, 1e-2);
+}
+
+TEST(QelGeoCoordSys, RejectsUnusableDefinitions)
+{
+    const char* bad[] = {"", "   ", "EPSG:999999", "nonsense", "EPSG:4326", "EPSG:4978",
+                         "+proj=longlat +datum=WGS84", "EPSG:5709"};
+    for (const char* definition : bad) {
+        QString error;
+        EXPECT_FALSE(QelGeoCoordSys::Create(QString::fromLatin1(definition), &error)) << definition;
+        EXPECT_FALSE(error.isEmpty()) << definition;
+    }
+    EXPECT_FALSE(QelGeoCoordSys::Create(QStringLiteral("EPSG:4326")));
+}
+
+TEST(QelGeoCoordSys, BadInputNeverConverts)
+{
+    auto utm = Make("EPSG:32631");
+    ASSERT_TRUE(utm);
+    double x = 7.0, y = 8.0;
+    EXPECT_FALSE(utm->GeoToGrid(kNaN, 3.0, x, y));
+    EXPECT_FALSE(utm->GeoToGrid(52.0, kNaN, x, y));
+    EXPECT_FALSE(utm->GeoToGrid(91.0, 3.0, x, y));
+    EXPECT_FALSE(utm->GeoToGrid(0.0, std::numeric_limits<double>::infinity(), x, y));
+    EXPECT_EQ(x, 7.0);
+    EXPECT_EQ(y, 8.0);
+
+    double lat = 1.0, lon = 2.0;
+    EXPECT_FALSE(utm->GridToGeo(kNaN, 0.0, lat, lon));
+    EXPECT_FALSE(utm->GridToGeo(1e15, 1e15, lat, lon));
+    EXPECT_FALSE(utm->GridToGeo(500000.0, 1e12, lat, lon));
+    EXPECT_EQ(lat, 1.0);
+    EXPECT_EQ(lon, 2.0);
+
+    EXPECT_EQ(utm->GetPointScaleFactor(kNaN, 0.0), 0.0);
+    EXPECT_EQ(utm->GetPointScaleFactor(1e15, 1e15), 0.0);
+    EXPECT_EQ(utm->GetScaleFactor(500000.0, 0.0, kNaN, 0.0), 0.0);
+}
+
+TEST(QelGeoCoordSys, ConcurrentUseGivesTheSameResults)
+{
+    auto utm = Make("EPSG:32631");
+    ASSERT_TRUE(utm);
+    double refX = 0.0, refY = 0.0;
+    ASSERT_TRUE(utm->GeoToGrid(53.25, 2.5, refX, refY));
+    const double refK = utm->GetPointScaleFactor(refX, refY);
+
+    std::vector<int> mismatches(4, 0);
+    std::vector<std::thread> threads;
+    for (int t = 0; t < 4; ++t) {
+        threads.emplace_back([&, t] {
+            for (int i = 0; i < 200; ++i) {
+                double x = 0.0, y = 0.0;
+                if (!utm->GeoToGrid(53.25, 2.5, x, y) || x != refX || y != refY
+                    || utm->GetPointScaleFactor(x, y) != refK)
+                    ++mismatches[t];
+            }
+        });
+    }
+    for (auto& thread : threads)
+        thread.join();
+    for (int m : mismatches)
+        EXPECT_EQ(m, 0);
+}
