@@ -2,6 +2,8 @@
 
 #include <QelBase/FileObject.h>
 
+#include <mutex>
+
 CAttribDefMap& CAttribDefMap::GetAttribDefMap()
 {
     static CAttribDefMap map;
@@ -13,26 +15,26 @@ void CAttribDefMap::Add(const CAttribDefRec& rec)
     if (rec.name.isEmpty())
         return;
     auto copy = std::make_unique<CAttribDefRec>(rec);
-    QWriteLocker lock(&m_lock);
+    std::unique_lock lock(m_lock);
     m_byName.insert(copy->name, copy.get());
     m_records.push_back(std::move(copy));
 }
 
 const CAttribDefRec* CAttribDefMap::Find(const QString& name) const
 {
-    QReadLocker lock(&m_lock);
+    std::shared_lock lock(m_lock);
     return m_byName.value(name, nullptr);
 }
 
 int CAttribDefMap::Count() const
 {
-    QReadLocker lock(&m_lock);
+    std::shared_lock lock(m_lock);
     return int(m_byName.size());
 }
 
 void CAttribDefMap::Clear()
 {
-    QWriteLocker lock(&m_lock);
+    std::unique_lock lock(m_lock);
     m_byName.clear();
     m_records.clear();
 }

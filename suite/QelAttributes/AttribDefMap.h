@@ -11,7 +11,7 @@
 #include "AttribValue.h"
 
 #include <QHash>
-#include <QReadWriteLock>
+#include <shared_mutex>
 #include <QString>
 
 #include <memory>
@@ -58,7 +58,7 @@ public:
     static bool TypeFromName(const QString& word, CAttribValue::Type& type);
 
 private:
-    mutable QReadWriteLock m_lock;
+    mutable std::shared_mutex m_lock;
     QHash<QString, const CAttribDefRec*> m_byName;
     std::vector<std::unique_ptr<CAttribDefRec>> m_records;
 };

@@ -41,7 +41,7 @@ SubscriptionManager& SubscriptionManager::Instance()
 
 int SubscriptionManager::Subscribe(const QString& key, Handler handler, QObject* context)
 {
-    QMutexLocker lock(&m_mutex);
+    std::unique_lock lock(m_mutex);
     const int id = m_nextId++;
     m_entries.push_back({ id, key, std::move(handler), QPointer<QObject>(context), context != nullptr });
     lock.unlock();
@@ -52,7 +52,7 @@ int SubscriptionManager::Subscribe(const QString& key, Handler handler, QObject*
 
 bool SubscriptionManager::Unsubscribe(int id)
 {
-    QMutexLocker lock(&m_mutex);
+    std::unique_lock lock(m_mutex);
     const auto it = std::find_if(m_entries.begin(), m_entries.end(), [id](const Entry& e) { return e.id == id; });
     if (it == m_entries.end())
         return false;
@@ -62,14 +62,14 @@ bool SubscriptionManager::Unsubscribe(int id)
 
 int SubscriptionManager::SubscriberCount(const QString& key) const
 {
-    QMutexLocker lock(&m_mutex);
+    std::unique_lock lock(m_mutex);
     return int(std::count_if(m_entries.begin(), m_entries.end(),
                              [&](const Entry& e) { return e.key == key && (!e.hasContext || e.context); }));
 }
 
 bool SubscriptionManager::IsLive(int id) const
 {
-    QMutexLocker lock(&m_mutex);
+    std::unique_lock lock(m_mutex);
     return std::any_of(m_entries.begin(), m_entries.end(),
                        [id](const Entry& e) { return e.id == id && (!e.hasContext || e.context); });
 }
@@ -89,7 +89,7 @@ void SubscriptionManager::NotifySend(int code, const QString& key)
     // Copy the handlers first: a handler may subscribe or unsubscribe while it runs.
     std::vector<std::pair<int, Handler>> targets;
     {
-        QMutexLocker lock(&m_mutex);
+        std::unique_lock lock(m_mutex);
         for (const Entry& e : m_entries)
             if (e.key == key && (!e.hasContext || e.context))
                 targets.emplace_back(e.id, e.handler);

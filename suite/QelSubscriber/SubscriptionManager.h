@@ -3,7 +3,7 @@
 // delivered later on the user-interface thread to every subscriber of the key.
 
 #include <QHash>
-#include <QMutex>
+#include <mutex>
 #include <QPointer>
 #include <QString>
 #include <functional>
@@ -77,7 +77,7 @@ private:
     };
     bool IsLive(int id) const;
 
-    mutable QMutex m_mutex;
+    mutable std::mutex m_mutex;
     std::vector<Entry> m_entries;
     int m_nextId = 1;
 };

@@ -1,14 +1,14 @@
 #include "VersionControl/VersionControl.h"
 
 #include <QLoggingCategory>
-#include <QMutex>
+#include <mutex>
 #include <atomic>
 
 namespace {
 Q_LOGGING_CATEGORY(lcVersion, "qel.version")
 
 std::atomic<quint32> g_suiteVersion { PackVersion(5, 5, 0, 0) };
-QMutex g_errorMutex;
+std::mutex g_errorMutex;
 QString g_lastError;
 
 QString VersionText(quint32 v)
@@ -19,7 +19,7 @@ QString VersionText(quint32 v)
 bool Refuse(const QString& reason)
 {
     qCWarning(lcVersion).noquote() << reason;
-    QMutexLocker lock(&g_errorMutex);
+    std::lock_guard lock(g_errorMutex);
     g_lastError = reason;
     return false;
 }
@@ -41,13 +41,13 @@ bool CheckDllVersion(quint32 version, const QString& sourceName, const QString& 
     if ((version & 0xFFFF) < (suite & 0xFFFF))
         return Refuse(QStringLiteral("version check: module %1 %2 is older than the oldest accepted build %3")
                           .arg(sourceName, VersionText(version), VersionText(suite)));
-    QMutexLocker lock(&g_errorMutex);
+    std::lock_guard lock(g_errorMutex);
     g_lastError.clear();
     return true;
 }
 
 QString LastVersionError()
 {
-    QMutexLocker lock(&g_errorMutex);
+    std::lock_guard lock(g_errorMutex);
     return g_lastError;
 }
