@@ -8,6 +8,11 @@ namespace {
 const QHash<int, const char*>& Texts()
 {
     static const QHash<int, const char*> texts = {
+        { QelStrings::MODE_UNKNOWN, QT_TRANSLATE_NOOP("QelMfc0", "Unknown") },
+        { QelStrings::MODE_NORMAL, QT_TRANSLATE_NOOP("QelMfc0", "Normal") },
+        { QelStrings::MODE_NIGHT, QT_TRANSLATE_NOOP("QelMfc0", "Night") },
+        { QelStrings::MODE_TWILIGHT, QT_TRANSLATE_NOOP("QelMfc0", "Twilight") },
+        { QelStrings::MODE_BRIGHT, QT_TRANSLATE_NOOP("QelMfc0", "Bright") },
         { QelStrings::BITMAP_FILE, QT_TRANSLATE_NOOP("QelMfc0", "Bitmap File") },
         { QelStrings::AUDIO_VIDEO_FILE, QT_TRANSLATE_NOOP("QelMfc0", "Audio Video Interleave File") },
         { QelStrings::TIFF_FILE, QT_TRANSLATE_NOOP("QelMfc0", "Tagged Image Format File") },

@@ -4,6 +4,11 @@
 #include <QString>
 
 namespace QelStrings {
+constexpr int MODE_UNKNOWN = 6928;         // "Unknown"
+constexpr int MODE_NORMAL = 6929;          // "Normal"
+constexpr int MODE_NIGHT = 6930;           // "Night"
+constexpr int MODE_TWILIGHT = 6931;        // "Twilight"
+constexpr int MODE_BRIGHT = 6932;          // "Bright"
 constexpr int BITMAP_FILE = 6972;          // "Bitmap File"
 constexpr int AUDIO_VIDEO_FILE = 6974;     // "Audio Video Interleave File"
 constexpr int TIFF_FILE = 6975;            // "Tagged Image Format File"

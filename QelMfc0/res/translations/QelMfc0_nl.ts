@@ -27,5 +27,25 @@
         <source>Error</source>
         <translation>Fout</translation>
     </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Onbekend</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Normaal</translation>
+    </message>
+    <message>
+        <source>Night</source>
+        <translation>Nacht</translation>
+    </message>
+    <message>
+        <source>Twilight</source>
+        <translation>Schemering</translation>
+    </message>
+    <message>
+        <source>Bright</source>
+        <translation>Helder</translation>
+    </message>
 </context>
 </TS>

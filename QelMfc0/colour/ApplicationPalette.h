@@ -1,0 +1,46 @@
+#pragma once
+// The application's look in a colour mode: a palette built from the mode's system colours,
+// applied to every window (menus, tool tips and scroll bars included), and the user's own
+// palette and style put back at the end.
+//
+// System colour        -> palette roles (all colour groups unless noted)
+//   window             -> Base, AlternateBase
+//   windowtext         -> Text, WindowText
+//   btnface            -> Window, Button
+//   btntext            -> ButtonText
+//   btnhighlight       -> Light;   3dlight -> Midlight
+//   btnshadow          -> Mid, Dark;   3ddkshadow -> Shadow
+//   graytext           -> PlaceholderText; Text, WindowText, ButtonText of the Disabled group
+//   highlight          -> Highlight;   highlighttext -> HighlightedText
+//   infobk             -> ToolTipBase; infotext -> ToolTipText (also the tool tips' own palette)
+//   hotlight           -> Link, LinkVisited
+//   menu / menutext    -> Window, Base, Button / WindowText, Text, ButtonText of QMenu, QMenuBar
+//   scrollbar          -> Window, Base of QScrollBar (the groove)
+//   appworkspace       -> Dark and Window of QMdiArea (the workspace behind MDI windows)
+//   background, captions, borders, windowframe, gradients: drawn by the window system, not by
+//   the application; kept in the table for the host.
+// A mode whose table is empty shows the user's own palette. Any other palette is shown with
+// the Fusion style, which draws every element from the palette (platform styles draw menus and
+// scroll bars in the system's own colours).
+
+#include <QPalette>
+#include <QString>
+#include <QelMfc0/colour/WindowsColorMap.h>
+
+class ApplicationPalette
+{
+public:
+    // The application's palette before the first colour mode was applied (captured on first use).
+    static QPalette OriginalPalette();
+    // The system colours of a palette, by the mapping above.
+    static WindowsColorMap SystemColorsOf(const QPalette& palette);
+    // `base` with the roles of the colours that `colors` holds replaced, by the mapping above.
+    static QPalette BuildPalette(const QPalette& base, const WindowsColorMap& colors);
+    // The palette of a widget class ("QMenu", "QMenuBar", "QScrollBar", "QMdiArea") within `palette`.
+    static QPalette ClassPalette(const QPalette& palette, const WindowsColorMap& colors, const char* className);
+
+    // Shows the application in the system colours `colors` (the original look when empty).
+    static void Apply(const WindowsColorMap& colors);
+    // Puts the user's own palette and style back.
+    static void RestoreOriginal();
+};

@@ -1,0 +1,14 @@
+#pragma once
+// Darkens a colour to half its brightness.
+
+#include <QelBase/QelTypes.h>
+
+class ColorMapper
+{
+public:
+    // Each channel halved (integer shift), the top byte dropped: 0x00FF8001 -> 0x007F4000.
+    COLORREF Map(COLORREF color) const
+    {
+        return (color >> 1) & 0x007F7F7Fu;
+    }
+};
