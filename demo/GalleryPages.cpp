@@ -1,5 +1,6 @@
 #include "GalleryPages.h"
 
+#include "pages/ColourModesPage.h"
 #include "pages/DrawingHelpersPage.h"
 #include "pages/LibraryPage.h"
 
@@ -8,5 +9,6 @@ std::vector<GalleryPage> GalleryPages()
     return {
         { QStringLiteral("Library"), QStringLiteral("library"), [](QWidget* parent) { return new LibraryPage(parent); } },
         { QStringLiteral("Drawing helpers"), QStringLiteral("drawing-helpers"), &CreateDrawingHelpersPage },
+        { QStringLiteral("Colour modes"), QStringLiteral("colour-modes"), [](QWidget* parent) { return new ColourModesPage(parent); } },
     };
 }

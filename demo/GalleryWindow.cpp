@@ -3,15 +3,34 @@
 #include "GalleryPages.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
+#include <QFileDialog>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QListWidget>
 #include <QMenuBar>
+#include <QMessageBox>
+#include <QPainter>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolBar>
 #include <QelConfigure/DataSearch.h>
 #include <QelConfigure/ProjectDefinition.h>
+#include <QelMfc0/colour/ColorControl.h>
+
+namespace {
+const ColorConverter::mode kModes[] = { ColorConverter::normal, ColorConverter::night, ColorConverter::twilight,
+                                        ColorConverter::bright };
+
+void Settle()
+{
+    // Palette changes and posted notifications are delivered through the event loop.
+    for (int i = 0; i < 3; ++i)
+        QApplication::processEvents();
+}
+} // namespace
 
 GalleryWindow::GalleryWindow(QWidget* parent)
     : QMainWindow(parent)
@@ -26,6 +45,7 @@ GalleryWindow::GalleryWindow(QWidget* parent)
     layout->addWidget(m_pages, 1);
     setCentralWidget(central);
 
+    m_fileMenu = menuBar()->addMenu(tr("&File"));
     QMenu* pagesMenu = menuBar()->addMenu(tr("&Pages"));
     for (const GalleryPage& page : GalleryPages()) {
         m_pageList->addItem(page.title);
@@ -34,15 +54,41 @@ GalleryWindow::GalleryWindow(QWidget* parent)
         const int index = m_pages->count() - 1;
         pagesMenu->addAction(page.title, this, [this, index] { ShowPage(index); });
     }
-    QMenu* fileMenu = menuBar()->insertMenu(pagesMenu->menuAction(), new QMenu(tr("&File"), this))->menu();
-    fileMenu->addAction(tr("&Quit"), QKeySequence::Quit, qApp, &QApplication::quit);
-
     connect(m_pageList, &QListWidget::currentRowChanged, m_pages, &QStackedWidget::setCurrentIndex);
     m_pageList->setCurrentRow(0);
 
+    // The colour mode of the whole application.
+    QToolBar* toolBar = addToolBar(tr("Display"));
+    toolBar->setObjectName(QStringLiteral("displayToolBar"));
+    toolBar->addWidget(new QLabel(tr(" Colour mode: "), toolBar));
+    m_modeSelector = new QComboBox(toolBar);
+    QMenu* modeMenu = m_fileMenu->addMenu(tr("Colour &mode"));
+    for (ColorConverter::mode mode : kModes) {
+        m_modeSelector->addItem(ColorControl::GetColorModeString(mode), int(mode));
+        modeMenu->addAction(ColorControl::GetColorModeString(mode), this, [this, mode] { SetColourMode(mode); });
+    }
+    toolBar->addWidget(m_modeSelector);
+    connect(m_modeSelector, &QComboBox::activated, this,
+            [this](int index) { SetColourMode(ColorConverter::mode(m_modeSelector->itemData(index).toInt())); });
+    m_fileMenu->addSeparator();
+    m_fileMenu->addAction(tr("&Quit"), QKeySequence::Quit, qApp, &QApplication::quit);
+
+    // A Windows theme switch completes in the background; the host checks on it periodically.
+    ColorControl& colors = ColorControl::Instance();
+    colors.SaveDefaultTheme();
+    colors.SaveDefaultWallPaper();
+    auto* themeTimer = new QTimer(this);
+    connect(themeTimer, &QTimer::timeout, this, [] { ColorControl::Instance().TimerCheck(); });
+    themeTimer->start(1000);
+
     const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition();
     statusBar()->showMessage(project ? tr("Project: %1").arg(project->GetProjectFolder()) : tr("No project open"));
-    resize(1180, 760);
+    resize(1180, 800);
+}
+
+GalleryWindow::~GalleryWindow()
+{
+    ColorControl::Instance().RestoreOriginalWindowsTheme();
 }
 
 int GalleryWindow::PageCount() const { return m_pages->count(); }
@@ -54,16 +100,70 @@ void GalleryWindow::ShowPage(int index)
 
 QString GalleryWindow::PageSlug(int index) const { return m_slugs.value(index); }
 
+void GalleryWindow::SetColourMode(ColorConverter::mode mode)
+{
+    ColorControl::Instance().SetLightMode(mode, true);
+    const int index = m_modeSelector->findData(int(ColorControl::Instance().GetLightMode()));
+    if (index >= 0)
+        m_modeSelector->setCurrentIndex(index);
+}
+
 bool GalleryWindow::WriteScreenshots(const QString& folder)
 {
     if (!QDir().mkpath(folder))
         return false;
+    const QDir dir(folder);
     bool ok = true;
-    for (int i = 0; i < PageCount(); ++i) {
-        ShowPage(i);
-        QApplication::processEvents();
-        const QString file = QDir(folder).filePath(QStringLiteral("%1-%2.png").arg(i + 1, 2, 10, QLatin1Char('0')).arg(PageSlug(i)));
-        ok = grab().save(file) && ok;
+    for (ColorConverter::mode mode : kModes) {
+        SetColourMode(mode);
+        Settle();
+        const QString modeName = ColorControl::GetColorModeString(mode).toLower();
+        for (int i = 0; i < PageCount(); ++i) {
+            ShowPage(i);
+            Settle();
+            const QString file = QStringLiteral("%1-%2-%3.png").arg(i + 1, 2, 10, QLatin1Char('0')).arg(PageSlug(i), modeName);
+            ok = grab().save(dir.filePath(file)) && ok;
+        }
+        if (mode == ColorConverter::night)
+            ok = WriteNightPopups(folder) && ok;
     }
+    SetColourMode(ColorConverter::normal);
+    return ok;
+}
+
+bool GalleryWindow::WriteNightPopups(const QString& folder)
+{
+    const QDir dir(folder);
+    ShowPage(0);
+    Settle();
+    // The open File menu drawn over the window where it pops up.
+    QPixmap shot = grab();
+    const QPoint menuAt = menuBar()->mapTo(this, menuBar()->actionGeometry(m_fileMenu->menuAction()).bottomLeft());
+    m_fileMenu->popup(mapToGlobal(menuAt));
+    Settle();
+    {
+        QPainter painter(&shot);
+        painter.drawPixmap(menuAt, m_fileMenu->grab());
+    }
+    m_fileMenu->hide();
+    bool ok = shot.save(dir.filePath(QStringLiteral("night-menu.png")));
+
+    QMessageBox box(QMessageBox::Warning, tr("QelGallery"), tr("The survey line has not been saved."),
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+    box.setInformativeText(tr("Save the changes before closing?"));
+    box.show();
+    Settle();
+    ok = box.grab().save(dir.filePath(QStringLiteral("night-messagebox.png"))) && ok;
+    box.hide();
+
+    QFileDialog dialog(this, tr("Open survey file"), DataSearch::GetDataSearch().GetProjectDefinition()
+                                                         ? DataSearch::GetDataSearch().GetProjectDefinition()->GetProjectFolder()
+                                                         : QDir::tempPath());
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.resize(760, 460);
+    dialog.show();
+    Settle();
+    ok = dialog.grab().save(dir.filePath(QStringLiteral("night-filedialog.png"))) && ok;
+    dialog.hide();
     return ok;
 }

@@ -1,8 +1,11 @@
 #pragma once
-// QelGallery's main window: a page list on the left, the chosen page on the right.
+// QelGallery's main window: a page list on the left, the chosen page on the right, and the
+// colour mode of the whole application in the tool bar.
 
 #include <QMainWindow>
+#include <QelMfc0/colour/ColorConverter.h>
 
+class QComboBox;
 class QListWidget;
 class QStackedWidget;
 
@@ -10,17 +13,25 @@ class GalleryWindow : public QMainWindow {
     Q_OBJECT
 public:
     explicit GalleryWindow(QWidget* parent = nullptr);
+    ~GalleryWindow() override;
 
     // Number of pages and switching between them.
     int PageCount() const;
     void ShowPage(int index);
     // The slug (file name stem) of page `index`.
     QString PageSlug(int index) const;
-    // Writes a PNG of every page into `folder`; false when a file could not be written.
+    // Switches the application's colour mode, as the tool bar's selector does.
+    void SetColourMode(ColorConverter::mode mode);
+    // Writes a PNG of every page in every colour mode into `folder`, plus an open menu, a
+    // message box and a file dialog in night mode; false when a file could not be written.
     bool WriteScreenshots(const QString& folder);
 
 private:
+    bool WriteNightPopups(const QString& folder);
+
     QListWidget* m_pageList = nullptr;
     QStackedWidget* m_pages = nullptr;
+    QComboBox* m_modeSelector = nullptr;
+    QMenu* m_fileMenu = nullptr;
     QStringList m_slugs;
 };

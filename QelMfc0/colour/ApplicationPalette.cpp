@@ -5,6 +5,7 @@
 #include <QStyleFactory>
 #include <QToolTip>
 #include <QelMfc0/ColorRef.h>
+#include <QelMfc0/colour/ModeStyle.h>
 #include <initializer_list>
 
 namespace {
@@ -66,13 +67,12 @@ bool Lookup(const WindowsColorMap& colors, const char* name, QColor& color)
     return true;
 }
 
-void ApplyStyle(bool own)
+void RestoreOwnStyle()
 {
     const Saved& saved = Original();
-    const QString wanted = own ? saved.styleName : QStringLiteral("Fusion");
-    if (wanted.isEmpty() || !QApplication::style() || QApplication::style()->name().compare(wanted, Qt::CaseInsensitive) == 0)
+    if (!qobject_cast<ModeStyle*>(QApplication::style()))
         return;
-    if (QStyle* style = QStyleFactory::create(wanted))
+    if (QStyle* style = QStyleFactory::create(saved.styleName))
         QApplication::setStyle(style);
 }
 
@@ -164,7 +164,7 @@ QPalette ApplicationPalette::ClassPalette(const QPalette& palette, const Windows
     return result;
 }
 
-void ApplicationPalette::Apply(const WindowsColorMap& colors)
+void ApplicationPalette::Apply(const WindowsColorMap& colors, const std::function<void(QImage&)>& iconFilter)
 {
     if (!qobject_cast<QApplication*>(QCoreApplication::instance()))
         return;
@@ -175,7 +175,7 @@ void ApplicationPalette::Apply(const WindowsColorMap& colors)
         return;
     }
     // Style first: a new style polishes the widgets with its own palette, which ours replaces.
-    ApplyStyle(false);
+    QApplication::setStyle(new ModeStyle(iconFilter));
     SetPalettes(BuildPalette(saved.palette, colors), colors);
     saved.applied = true;
 }
@@ -185,7 +185,7 @@ void ApplicationPalette::RestoreOriginal()
     if (!qobject_cast<QApplication*>(QCoreApplication::instance()))
         return;
     Saved& saved = Original();
-    ApplyStyle(true);
+    RestoreOwnStyle();
     SetPalettes(saved.palette, WindowsColorMap());
     saved.applied = false;
 }

@@ -19,13 +19,16 @@
 //   appworkspace       -> Dark and Window of QMdiArea (the workspace behind MDI windows)
 //   background, captions, borders, windowframe, gradients: drawn by the window system, not by
 //   the application; kept in the table for the host.
-// A mode whose table is empty shows the user's own palette. Any other palette is shown with
-// the Fusion style, which draws every element from the palette (platform styles draw menus and
-// scroll bars in the system's own colours).
+// A mode whose table is empty shows the user's own palette and style. Any other palette is
+// shown with ModeStyle: Fusion, which draws every element from the palette (platform styles
+// draw menus and scroll bars in the system's own colours), with its icons converted too.
 
 #include <QPalette>
 #include <QString>
 #include <QelMfc0/colour/WindowsColorMap.h>
+#include <functional>
+
+class QImage;
 
 class ApplicationPalette
 {
@@ -39,8 +42,9 @@ public:
     // The palette of a widget class ("QMenu", "QMenuBar", "QScrollBar", "QMdiArea") within `palette`.
     static QPalette ClassPalette(const QPalette& palette, const WindowsColorMap& colors, const char* className);
 
-    // Shows the application in the system colours `colors` (the original look when empty).
-    static void Apply(const WindowsColorMap& colors);
+    // Shows the application in the system colours `colors` (the original look when empty), with
+    // the style's icons passed through `iconFilter`.
+    static void Apply(const WindowsColorMap& colors, const std::function<void(QImage&)>& iconFilter);
     // Puts the user's own palette and style back.
     static void RestoreOriginal();
 };

@@ -139,8 +139,11 @@ void ColorControl::SetLightMode(ColorConverter::mode mode, bool changeWindowsThe
         }
     }
     LoadColormapFile(m_modeFileNames[size_t(mode >= 0 && mode < 5 ? mode : ColorConverter::unknown)]);
-    if (changeWindowsTheme)
-        ApplicationPalette::Apply(m_colorMap.GetFileColors());
+    if (changeWindowsTheme) {
+        // The style's icons are converted with the colours of this mode, whatever happens later.
+        auto snapshot = std::make_shared<const ColorControl>(*this);
+        ApplicationPalette::Apply(m_colorMap.GetFileColors(), [snapshot](QImage& image) { snapshot->RemapBitmap(image); });
+    }
     if (theme.pendingChecks == 0)
         AnnounceModeChange();
 }

@@ -5,6 +5,7 @@
 #include <QelMfc0/ColorRef.h>
 #include <QelMfc0/FontInfo.h>
 #include <QelMfc0/GDISelector.h>
+#include <QelMfc0/colour/ColorControl.h>
 #include <QelMfc0/PECFont.h>
 #include <QelMfc0/QelBrush.h>
 #include <QelMfc0/QelPen.h>
@@ -217,7 +218,8 @@ int DrawingHelpersPage::PaintFontInfo(QPainter& p, int top)
     PECFont sample;
     sample.Create(info, this);
     GDISelector sampleFont(&p, sample);
-    GDISelector sampleInk(&p, QPen(toQColor(info.GetColor())));
+    // The text colour is converted for the colour mode when it is drawn.
+    GDISelector sampleInk(&p, QPen(toQColor(ColorControl::Instance().GetColor(info.GetColor(), false))));
     const QFontMetrics sm = p.fontMetrics();
     p.drawText(kMargin, top + sm.ascent(), tr("N 52°22'14.6\"  E 004°53'37.2\"  depth 12.34 m"));
     return top + sm.height() + 14;
@@ -236,9 +238,18 @@ int DrawingHelpersPage::PaintStockObjects(QPainter& p, int top)
     for (int i = 0; i < 6; ++i) {
         const QRect r(kMargin + i * cell, top, cell - 16, 28);
         {
-            GDISelector fill(&p, brushes[i].brush);
-            GDISelector outline(&p, StockObject::BLACK_PEN);
-            p.drawRect(r.adjusted(0, 0, -1, -1));
+            // Stock objects have fixed colours: the swatch is drawn as an image and converted
+            // for the colour mode like every image a control shows.
+            QImage swatch(r.size(), QImage::Format_ARGB32_Premultiplied);
+            swatch.fill(Qt::transparent);
+            {
+                QPainter sp(&swatch);
+                GDISelector fill(&sp, brushes[i].brush);
+                GDISelector outline(&sp, StockObject::BLACK_PEN);
+                sp.drawRect(swatch.rect().adjusted(0, 0, -1, -1));
+            }
+            ColorControl::Instance().RemapBitmap(swatch);
+            p.drawImage(r.topLeft(), swatch);
         }
         p.drawText(QRect(r.left(), r.bottom() + 4, cell - 8, fm.height()), Qt::AlignLeft,
                    QLatin1String(brushes[i].name));

@@ -1,0 +1,27 @@
+#pragma once
+// The style of the application in a colour mode: Fusion, which draws every element from the
+// palette, with the style's own icons (message boxes, file dialogs, tool buttons) converted
+// for the mode like the library's images.
+
+#include <QProxyStyle>
+#include <functional>
+
+class ModeStyle : public QProxyStyle
+{
+    Q_OBJECT
+public:
+    using ImageFilter = std::function<void(QImage&)>;
+
+    // Fusion with every standard icon and pixmap passed through `filter`.
+    explicit ModeStyle(ImageFilter filter);
+
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option = nullptr,
+                       const QWidget* widget = nullptr) const override;
+    QPixmap standardPixmap(StandardPixmap pixmap, const QStyleOption* option = nullptr,
+                           const QWidget* widget = nullptr) const override;
+
+private:
+    QPixmap Filtered(const QPixmap& pixmap) const;
+
+    ImageFilter m_filter;
+};
