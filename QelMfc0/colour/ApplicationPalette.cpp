@@ -72,7 +72,10 @@ void RestoreOwnStyle()
     const Saved& saved = Original();
     if (!qobject_cast<ModeStyle*>(QApplication::style()))
         return;
-    if (QStyle* style = QStyleFactory::create(saved.styleName))
+    QStyle* style = QStyleFactory::create(saved.styleName);
+    if (!style)
+        style = QStyleFactory::create(QStringLiteral("Fusion"));
+    if (style)
         QApplication::setStyle(style);
 }
 

@@ -7,6 +7,7 @@
 #include <QelConfigure/DataSearch.h>
 #include <QelMfc0/StringTable.h>
 #include <QelMfc0/colour/ApplicationPalette.h>
+#include <QelMfc0/colour/BitmapRemapper.h>
 #include <QelMfc0/colour/ThemePlatform.h>
 #include <QelSubscriber/SubscriptionManager.h>
 #include <algorithm>
@@ -52,8 +53,8 @@ bool Is32BitImage(const QImage& image)
 }
 
 // Converts the rows of an image, in slices on the global thread pool for large images.
-template <typename PixelFn>
-void ForEachRowSlice(QImage& image, PixelFn convert)
+template <typename RowFn>
+void ForEachRowSlice(QImage& image, RowFn convertRow)
 {
     const int height = image.height();
     const int width = image.width();
@@ -61,9 +62,7 @@ void ForEachRowSlice(QImage& image, PixelFn convert)
     uchar* bits = image.bits(); // detaches a shared image once, before the threads start
     auto convertRows = [&](std::pair<int, int> rows) {
         for (int y = rows.first; y < rows.second; ++y) {
-            auto* line = reinterpret_cast<quint32*>(bits + stride * y);
-            for (int x = 0; x < width; ++x)
-                line[x] = convert(line[x]);
+            convertRow(reinterpret_cast<quint32*>(bits + stride * y), width);
         }
     };
     constexpr qint64 kParallelPixels = 1 << 18;
@@ -108,6 +107,7 @@ ColorControl::ColorControl(const ColorControl& other)
     , m_modeFileNames(other.m_modeFileNames)
     , m_colorMap(other.m_colorMap)
     , m_converter(other.m_converter)
+    , m_remapper(other.m_remapper)
 {
 }
 
@@ -117,6 +117,7 @@ ColorControl& ColorControl::operator=(const ColorControl& other)
     m_modeFileNames = other.m_modeFileNames;
     m_colorMap = other.m_colorMap;
     m_converter = other.m_converter;
+    m_remapper = other.m_remapper;
     return *this;
 }
 
@@ -195,30 +196,19 @@ void ColorControl::RemapBitmap(QImage& image) const
 {
     if (!Is32BitImage(image) || image.isNull())
         return;
-    const ColorMap& map = m_colorMap;
-    const ColorConverter::ScaleTable& scale = m_converter.GetScaleTable();
-    const quint32 invert = m_converter.GetInvert() ? 0x00FFFFFFu : 0u;
-    ForEachRowSlice(image, [&](quint32 pixel) -> quint32 {
-        const quint32 color = pixel & 0x00FFFFFFu;
-        if (color == kTransparentKey)
-            return pixel;
-        const quint32 alpha = pixel & 0xFF000000u;
-        COLORREF substitute = 0;
-        if (map.Find(color, substitute))
-            return alpha | (substitute & 0x00FFFFFFu);
-        const quint32 c = color ^ invert;
-        return alpha | quint32(scale[0][c & 0xFF]) | (quint32(scale[1][(c >> 8) & 0xFF]) << 8)
-             | (quint32(scale[2][c >> 16]) << 16);
-    });
+    ForEachRowSlice(image, [this](quint32* line, int width) { m_remapper.Remap(line, width); });
 }
 
 void ColorControl::RemapBitmapGray(QImage& image) const
 {
     if (!Is32BitImage(image) || image.isNull())
         return;
-    ForEachRowSlice(image, [](quint32 pixel) -> quint32 {
-        const quint32 color = pixel & 0x00FFFFFFu;
-        return color == kTransparentKey ? pixel : ((pixel & 0xFF000000u) | GrayOf(color));
+    ForEachRowSlice(image, [](quint32* line, int width) {
+        for (int x = 0; x < width; ++x) {
+            const quint32 color = line[x] & 0x00FFFFFFu;
+            if (color != kTransparentKey)
+                line[x] = (line[x] & 0xFF000000u) | GrayOf(color);
+        }
     });
 }
 
@@ -319,10 +309,11 @@ void ColorControl::LoadColormapFile(const QString& name)
     if (path.isEmpty() || !file.FileOpen(path, FileObject::OPEN_READ)) {
         m_colorMap.Clear();
         m_converter.Reset();
-        return;
+    } else {
+        m_colorMap.Load(file);
+        m_converter.Load(file);
     }
-    m_colorMap.Load(file);
-    m_converter.Load(file);
+    m_remapper = BitmapRemapper(m_colorMap, m_converter);
 }
 
 bool ColorControl::IsProcessRunning(const QString& exeName)

@@ -11,6 +11,7 @@
 #include <QObject>
 #include <QString>
 #include <QelBase/QelTypes.h>
+#include <QelMfc0/colour/BitmapRemapper.h>
 #include <QelMfc0/colour/ColorConverter.h>
 #include <QelMfc0/colour/ColorMap.h>
 #include <array>
@@ -107,4 +108,5 @@ private:
     std::array<QString, 5> m_modeFileNames;
     ColorMap m_colorMap;
     ColorConverter m_converter;
+    BitmapRemapper m_remapper; // the image form of the colour map and converter
 };

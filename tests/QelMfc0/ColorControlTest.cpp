@@ -1,0 +1,325 @@
+// Switching colour modes: the system theme switch and its settings window, the announcement of
+// the change, and the application palette that follows the mode.
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMessageBox>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QStyle>
+#include <QTemporaryDir>
+#include <QToolTip>
+#include <QelConfigure/DataSearch.h>
+#include <QelMfc0/colour/ColorControl.h>
+#include <QelMfc0/colour/ThemePlatform.h>
+#include <QelSubscriber/SubscriptionManager.h>
+#include <common/TestProject.h>
+#include <gtest/gtest.h>
+#include <tuple>
+#include <utility>
+
+namespace {
+// A system whose theme switches are recorded; the settings window shows up on request.
+class FakeThemePlatform final : public ThemePlatform
+{
+public:
+    bool canSwitch = true;
+    QString folder, stock, currentTheme, currentWallPaper;
+    int settingsWindowAfter = -1; // number of process checks before it runs; -1 never
+    mutable int processChecks = 0;
+    QStringList opened, wallPapers;
+    QList<int> waits;
+    int closes = 0;
+
+    bool CanSwitchTheme() const override { return canSwitch; }
+    QString ThemeFolder() const override { return folder; }
+    QString StockTheme() const override { return stock; }
+    bool FileExists(const QString& path) const override { return QFileInfo(path).isFile(); }
+    void OpenThemeFile(const QString& path) override { opened << path; }
+    bool IsProcessRunning(const QString& exeName) const override
+    {
+        ++processChecks;
+        return exeName.compare("SystemSettings.exe", Qt::CaseInsensitive) == 0 && settingsWindowAfter >= 0
+            && processChecks > settingsWindowAfter;
+    }
+    void CloseSettingsWindow() override { ++closes; }
+    void Wait(int ms) override { waits << ms; }
+    QString ReadCurrentTheme() const override { return currentTheme; }
+    QString ReadCurrentWallPaper() const override { return currentWallPaper; }
+    void SetWallPaper(const QString& path) override { wallPapers << path; }
+};
+
+// Counts the mode-change notifications delivered to subscribers.
+struct Announcements {
+    QList<int> codes;
+    QObject context; // ends the subscription first
+    Announcements()
+    {
+        SubscriptionManager::Instance().Subscribe(GeneralSubKeys::COLOR_CONTROL, [this](int code, const QString&) { codes << code; }, &context);
+    }
+    int Count()
+    {
+        QCoreApplication::processEvents(); // notifications are posted
+        return int(codes.size());
+    }
+};
+
+// The palette a new widget of that class shows with (class palettes take effect on polish).
+template <typename Widget>
+QPalette Polished()
+{
+    Widget widget;
+    widget.ensurePolished();
+    return widget.palette();
+}
+
+class ThemeSwitchTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(project.IsOpen() && themes.isValid());
+        QCoreApplication::processEvents(); // announcements of earlier tests
+        const QString maps = QFileInfo(DataSearch::GetDataSearch().GetFullPath(DataSearch::TYPE_COLOR_MAP, "night")).absolutePath();
+        QDir dir(maps);
+        ASSERT_TRUE(dir.mkpath("."));
+        for (const QString& file : dir.entryList({ "*.cmap" }, QDir::Files))
+            ASSERT_TRUE(dir.remove(file));
+        mapFolder = maps;
+        fake = new FakeThemePlatform;
+        fake->folder = themes.path() + "/";
+        nightTheme = fake->folder + "NightColor.theme";
+        fake->stock = Touch("stock.theme");
+        Touch("NightColor.theme");
+        ColorControl::SetThemePlatform(std::unique_ptr<ThemePlatform>(fake));
+        ResetThemeState();
+    }
+    void TearDown() override
+    {
+        if (!fake)
+            return;
+        fake->settingsWindowAfter = -1;
+        while (ColorControl::PendingThemeChecks() > 0)
+            ColorControl().TimerCheck();
+        ResetThemeState();
+        ColorControl::SetThemePlatform(nullptr);
+    }
+    void ResetThemeState()
+    {
+        ColorControl cc;
+        cc.SetCurrentTheme({});
+        cc.SetCurrentWallPaper({});
+        fake->currentTheme.clear();
+        fake->currentWallPaper.clear();
+        cc.SaveDefaultTheme();
+        cc.SaveDefaultWallPaper();
+    }
+    QString Touch(const QString& name)
+    {
+        QFile file(themes.path() + "/" + name);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        return file.fileName();
+    }
+    void WriteMap(const QString& mode, const QString& text)
+    {
+        QFile file(mapFolder + "/" + mode + ".cmap");
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(text.toUtf8());
+    }
+
+    TestProject project;
+    QTemporaryDir themes;
+    QString mapFolder, nightTheme;
+    FakeThemePlatform* fake = nullptr; // owned by ColorControl
+};
+} // namespace
+
+TEST_F(ThemeSwitchTest, ANightThemeIsAnnouncedOnlyWhenTheSettingsWindowIsClosed)
+{
+    WriteMap("night", "[QEL_COLORS]\n1 = 2\n");
+    WriteMap("twilight", "[QEL_COLORS]\n1 = 3\n");
+    Announcements notes;
+    ColorControl cc;
+    QSignalSpy spy(&cc, &ColorControl::lightModeChanged);
+    cc.SetLightMode(ColorConverter::night, true);
+    EXPECT_EQ(fake->opened, QStringList { nightTheme });
+    EXPECT_EQ(ColorControl::PendingThemeChecks(), 60);
+    EXPECT_EQ(std::as_const(cc).GetCurrentTheme(), nightTheme.toUtf8());
+    EXPECT_EQ(cc.GetColor(1, false), 2u) << "the map is loaded while the switch is pending";
+
+    for (ColorConverter::mode ignored : { ColorConverter::twilight, ColorConverter::normal }) {
+        cc.SetLightMode(ignored, false);
+        ColorControl().SetLightMode(ignored, true);
+    }
+    EXPECT_EQ(cc.GetLightMode(), ColorConverter::night);
+    EXPECT_EQ(cc.GetColor(1, false), 2u);
+    EXPECT_EQ(fake->opened.size(), 1);
+
+    fake->settingsWindowAfter = 3;
+    for (int i = 0; i < 3; ++i)
+        cc.TimerCheck();
+    EXPECT_EQ(ColorControl::PendingThemeChecks(), 57);
+    EXPECT_EQ(notes.Count(), 0);
+    EXPECT_EQ(spy.count(), 0);
+
+    cc.TimerCheck();
+    EXPECT_EQ(ColorControl::PendingThemeChecks(), 0);
+    EXPECT_EQ(fake->waits, QList<int> { 1000 });
+    EXPECT_EQ(fake->closes, 1);
+    EXPECT_EQ(notes.Count(), 1);
+    EXPECT_EQ(notes.codes.value(0), 7);
+    ASSERT_EQ(spy.count(), 1);
+    EXPECT_EQ(spy.at(0).at(0).value<ColorConverter::mode>(), ColorConverter::night);
+    cc.TimerCheck();
+    EXPECT_EQ(notes.Count(), 1);
+}
+
+TEST_F(ThemeSwitchTest, ACountdownThatRunsOutAnnouncesNothing)
+{
+    Announcements notes;
+    ColorControl cc;
+    cc.SetLightMode(ColorConverter::night, true);
+    for (int i = 0; i < 59; ++i)
+        cc.TimerCheck();
+    EXPECT_EQ(ColorControl::PendingThemeChecks(), 1);
+    cc.TimerCheck();
+    EXPECT_EQ(ColorControl::PendingThemeChecks(), 0);
+    EXPECT_EQ(notes.Count(), 0);
+    EXPECT_EQ(fake->closes, 0);
+    cc.SetLightMode(ColorConverter::twilight, false);
+    EXPECT_EQ(cc.GetLightMode(), ColorConverter::twilight);
+    EXPECT_EQ(notes.Count(), 1) << "switches work again";
+}
+
+TEST_F(ThemeSwitchTest, TheThemeFileFollowsTheModeAndTheSavedUserTheme)
+{
+    const QString user = Touch("user.theme");
+    const struct { ColorConverter::mode mode; bool change, canSwitch; const char* current; QString userTheme; QString opens; } cases[] = {
+        { ColorConverter::night, true, true, "", "", nightTheme },
+        { ColorConverter::night, false, true, "", "", "" },
+        { ColorConverter::night, true, false, "", "", "" },
+        { ColorConverter::night, true, true, "NightColor.theme", "", "" }, // applied already
+        { ColorConverter::night, true, true, "nightcolor.theme", "", nightTheme }, // names compare case-sensitively
+        { ColorConverter::twilight, true, true, "", "", "" },              // no such file
+        { ColorConverter::bright, true, true, "", user, user },
+        { ColorConverter::normal, true, true, "", user, user },
+        { ColorConverter::normal, true, true, "", "", fake->stock },
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.mode << c.change << c.canSwitch << c.current << c.userTheme.toStdString());
+        ResetThemeState();
+        if (*c.current)
+            ColorControl().SetCurrentTheme((fake->folder + c.current).toUtf8());
+        fake->currentTheme = c.userTheme;
+        ColorControl().SaveDefaultTheme();
+        fake->canSwitch = c.canSwitch;
+        fake->opened.clear();
+        ColorControl cc;
+        cc.SetLightMode(ColorConverter::unknown, false);
+        QCoreApplication::processEvents();
+        Announcements notes;
+        cc.SetLightMode(c.mode, c.change);
+        EXPECT_EQ(fake->opened, c.opens.isEmpty() ? QStringList() : QStringList { c.opens });
+        EXPECT_EQ(ColorControl::PendingThemeChecks(), c.opens.isEmpty() ? 0 : 60);
+        EXPECT_EQ(notes.Count(), c.opens.isEmpty() ? 1 : 0);
+        fake->settingsWindowAfter = 0;
+        cc.TimerCheck();
+        fake->settingsWindowAfter = -1;
+        EXPECT_EQ(ColorControl::PendingThemeChecks(), 0);
+    }
+}
+
+TEST_F(ThemeSwitchTest, RestoringReopensTheUserThemeAndWallPaperWhenTheyDiffer)
+{
+    const struct { QString saved, now; int windowAfter; QString opens; int waits; const char *wallSaved, *wallNow, *wallSet; } cases[] = {
+        { "C:/Themes/user.theme", "c:/themes/USER.theme", 0, "", 0, "wall.jpg", "WALL.JPG", "" },
+        { "C:/Themes/user.theme", "C:/Themes/other.theme", 2, "C:/Themes/user.theme", 4, "wall.jpg", "b.jpg", "wall.jpg" },
+        { "", "C:/Themes/other.theme", -1, fake->stock, 60, "", "b.jpg", "" },
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.saved.toStdString());
+        ColorControl cc;
+        cc.SetLightMode(ColorConverter::night, true); // pending, cleared by the restore
+        fake->currentTheme = c.saved;
+        fake->currentWallPaper = c.wallSaved;
+        cc.SaveDefaultTheme();
+        cc.SaveDefaultWallPaper();
+        fake->currentTheme = c.now;
+        fake->currentWallPaper = c.wallNow;
+        fake->opened.clear();
+        fake->waits.clear();
+        fake->closes = fake->processChecks = 0;
+        fake->settingsWindowAfter = c.windowAfter;
+        cc.RestoreOriginalWindowsTheme();
+        fake->settingsWindowAfter = -1;
+        EXPECT_EQ(ColorControl::PendingThemeChecks(), c.opens.isEmpty() ? 60 : 0);
+        EXPECT_EQ(fake->opened, c.opens.isEmpty() ? QStringList() : QStringList { c.opens });
+        EXPECT_EQ(fake->waits.size(), c.waits);
+        EXPECT_EQ(fake->closes, c.windowAfter >= 0 && !c.opens.isEmpty() ? 1 : 0);
+        EXPECT_EQ(fake->wallPapers, *c.wallSet ? QStringList { c.wallSet } : QStringList());
+        fake->wallPapers.clear();
+        while (ColorControl::PendingThemeChecks() > 0)
+            cc.TimerCheck();
+        ResetThemeState();
+    }
+}
+
+TEST_F(ThemeSwitchTest, TheAppliedThemeAndWallPaperRoundTripAsUtf8)
+{
+    const QByteArray theme = QString::fromUtf8("C:/Thèmes/Nacht ✓.theme").toUtf8();
+    const QByteArray wall = QString::fromUtf8("D:/Bilder/Brücke.jpg").toUtf8();
+    ColorControl().SetCurrentTheme(theme);
+    ColorControl().SetCurrentWallPaper(wall);
+    const ColorControl other;
+    EXPECT_EQ(other.GetCurrentTheme(), theme);
+    EXPECT_EQ(other.GetCurrentWallPaper(), wall);
+}
+
+TEST_F(ThemeSwitchTest, TheApplicationPaletteFollowsTheModeAndComesBackExactly)
+{
+    fake->canSwitch = false;
+    const struct { const char* name; COLORREF color; QColor (*shown)(); } roles[] = {
+        { "btnface", RGB(10, 20, 30), [] { return QApplication::palette().color(QPalette::Window); } },
+        { "btnface", RGB(10, 20, 30), [] { return QApplication::palette().color(QPalette::Button); } },
+        { "btnface", RGB(10, 20, 30), [] { return Polished<QWidget>().color(QPalette::Window); } },
+        { "btnface", RGB(10, 20, 30), [] { return QMessageBox().palette().color(QPalette::Window); } },
+        { "btnface", RGB(10, 20, 30), [] { return Polished<QMessageBox>().color(QPalette::Window); } },
+        { "window", RGB(40, 0, 0), [] { return QApplication::palette().color(QPalette::Base); } },
+        { "windowtext", RGB(200, 0, 0), [] { return QApplication::palette().color(QPalette::Text); } },
+        { "windowtext", RGB(200, 0, 0), [] { return QApplication::palette().color(QPalette::WindowText); } },
+        { "graytext", RGB(90, 10, 10), [] { return QApplication::palette().color(QPalette::Disabled, QPalette::Text); } },
+        { "infobk", RGB(1, 2, 3), [] { return QToolTip::palette().color(QPalette::ToolTipBase); } },
+        { "infotext", RGB(4, 5, 6), [] { return QToolTip::palette().color(QPalette::ToolTipText); } },
+        { "menu", RGB(7, 8, 9), [] { return Polished<QMenu>().color(QPalette::Window); } },
+        { "menutext", RGB(11, 12, 13), [] { return Polished<QMenu>().color(QPalette::WindowText); } },
+        { "scrollbar", RGB(14, 15, 16), [] { return Polished<QScrollBar>().color(QPalette::Window); } },
+    };
+    QString map = "[WIN_COLORS]\n";
+    for (const auto& r : roles)
+        map += QString("%1 = %2 %3 %4\n").arg(r.name).arg(GetRValue(r.color)).arg(GetGValue(r.color)).arg(GetBValue(r.color));
+    WriteMap("night", map);
+    WriteMap("twilight", "[PARAMS]\nred = 0.5\n");
+
+    const auto snapshot = [] {
+        return std::make_tuple(QApplication::palette(), Polished<QMenu>(), Polished<QScrollBar>(), QToolTip::palette(),
+                               QApplication::style()->name());
+    };
+    const auto original = snapshot();
+    ColorControl().SetLightMode(ColorConverter::night, false);
+    EXPECT_TRUE(snapshot() == original) << "without the theme switch the palette is untouched";
+
+    for (int way = 0; way < 2; ++way) {
+        SCOPED_TRACE(way == 0 ? "restore" : "mode without system colours");
+        ColorControl cc;
+        cc.SetLightMode(ColorConverter::night, true);
+        for (const auto& r : roles)
+            EXPECT_EQ(r.shown(), QColor(GetRValue(r.color), GetGValue(r.color), GetBValue(r.color))) << r.name;
+        if (way == 0)
+            cc.RestoreOriginalWindowsTheme();
+        else
+            cc.SetLightMode(ColorConverter::twilight, true);
+        EXPECT_TRUE(snapshot() == original);
+    }
+}

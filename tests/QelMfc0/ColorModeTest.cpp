@@ -1,0 +1,267 @@
+// Colour maps and colour conversion of the display colour modes.
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QRandomGenerator>
+#include <QSignalSpy>
+#include <QelBase/ColorTable.h>
+#include <QelConfigure/DataSearch.h>
+#include <QelMfc0/colour/ColorControl.h>
+#include <QelMfc0/colour/ColorMapper.h>
+#include <QelSubscriber/SubscriptionManager.h>
+#include <common/TestProject.h>
+#include <gtest/gtest.h>
+
+namespace {
+class ColourMapTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(project.IsOpen());
+        folder = QFileInfo(DataSearch::GetDataSearch().GetFullPath(DataSearch::TYPE_COLOR_MAP, "night")).absolutePath();
+        QDir dir(folder);
+        ASSERT_TRUE(dir.mkpath("."));
+        for (const QString& file : dir.entryList({ "*.cmap" }, QDir::Files))
+            ASSERT_TRUE(dir.remove(file)); // independent of the sample maps
+    }
+    void WriteMap(const QString& mode, const QString& text)
+    {
+        QFile file(folder + "/" + mode + ".cmap");
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(text.toUtf8());
+    }
+    // A control in night mode with `text` as the night map.
+    ColorControl NightControl(const QString& text)
+    {
+        WriteMap("night", text);
+        ColorControl cc;
+        cc.SetLightMode(ColorConverter::night, false);
+        return cc;
+    }
+
+    TestProject project;
+    QString folder;
+};
+
+const char* const kParsingMap = "[QEL_COLORS]\n"
+                                "255 = 65280 ; trailing text ends the number\n"
+                                "255 = 16711680\n"
+                                "abc = 7\n"
+                                "18 = xyz\n"
+                                "19 =\n"
+                                "20 = 21\n"
+                                "+16 = 32abc\n"
+                                "17 = -1\n"
+                                "-2 = 5\n"
+                                "0x10 = 3\n"
+                                "1.5 = 9\n"
+                                "16777344 = 4\n"
+                                "[WIN_COLORS]\n"
+                                "btnface = 256 -1 300\n"
+                                "window = 1 2 3\n"
+                                "window = 4 5 6\n"
+                                "BtnText = 1 2 3\n"
+                                "nosuch = 1 2 3\n"
+                                "menu = 10 20\n"
+                                "highlight = 1, 2, 3\n";
+} // namespace
+
+TEST_F(ColourMapTest, SubstitutionsAreReadLikePercentDAndMalformedEntriesSkippedOneByOne)
+{
+    const ColorControl cc = NightControl(kParsingMap);
+    const struct { COLORREF in, out; } cases[] = {
+        { 255, 65280 },                    // the first of a repeated key wins
+        { 7, 7 },         { 18, 18 },      { 19, 19 },  // non-numeric key or value: skipped
+        { 20, 21 },                        // entries after skipped ones still count
+        { 16, 32 },                        // sign accepted, text after the digits ignored
+        { 17, 0xFFFFFFFF },                // negative values wrap to 32 bits, returned as they are
+        { 0xFFFFFFFE, 5 },
+        { 0, 3 },                          // "0x10" reads as 0
+        { 1, 9 },                          // "1.5" reads as 1
+        { 0x01000080, 4 },                 // a top byte only matches the same top byte
+        { 0x80, 0x80 },   { 0x02000080, 0x80 },
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(cc.GetColor(c.in, false), c.out) << std::hex << c.in;
+    EXPECT_EQ(cc.GetColorMap().Count(), 8);
+}
+
+TEST_F(ColourMapTest, SystemColoursTakeExactNamesModulo256AndTheLastRepeat)
+{
+    const ColorControl cc = NightControl(kParsingMap);
+    const WindowsColorMap& colors = cc.GetColorMap().GetFileColors();
+    COLORREF c = 0;
+    ASSERT_TRUE(colors.Get("btnface", c));
+    EXPECT_EQ(c, RGB(0, 255, 44));
+    ASSERT_TRUE(colors.Get("window", c));
+    EXPECT_EQ(c, RGB(4, 5, 6));
+    EXPECT_EQ(colors.Count(), 2) << "case-sensitive names, unknown names, two numbers, commas: skipped";
+}
+
+TEST_F(ColourMapTest, ParametersFallBackToTheirDefaultsKeyByKey)
+{
+    const struct { const char* text; double red, green, blue; bool invert; } cases[] = {
+        { "[QEL_COLORS]\n1 = 2\n", 1.0, 1.0, 1.0, false },
+        { "[PARAMS]\nred = 0.5\ngreen = 0.25\nblue = 2\ninvert = 1\n", 0.5, 0.25, 2.0, true },
+        { "[PARAMS]\ngreen = 0.5\n", 1.0, 0.5, 1.0, false },
+        { "[PARAMS]\nred = dark\ninvert = yes\n", 1.0, 1.0, 1.0, true },
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.text);
+        const ColorControl cc = NightControl(c.text);
+        EXPECT_EQ(cc.GetConverter().GetRedFactor(), c.red);
+        EXPECT_EQ(cc.GetConverter().GetGreenFactor(), c.green);
+        EXPECT_EQ(cc.GetConverter().GetBlueFactor(), c.blue);
+        EXPECT_EQ(cc.GetInvertColors(), c.invert);
+    }
+}
+
+TEST_F(ColourMapTest, AMissingOrUnreadableMapGivesTheIdentityAfterAModeWithAMap)
+{
+    ASSERT_TRUE(QDir(folder).mkdir("bright.cmap")); // a folder: it cannot be opened as a file
+    for (ColorConverter::mode next : { ColorConverter::twilight, ColorConverter::bright }) {
+        ColorControl cc = NightControl(QString(kParsingMap) + "[PARAMS]\nred = 0.5\ninvert = 1\n");
+        ASSERT_TRUE(cc.GetInvertColors());
+        cc.SetLightMode(next, false);
+        EXPECT_EQ(cc.GetLightMode(), next);
+        EXPECT_EQ(cc.GetColorMap().Count(), 0);
+        EXPECT_TRUE(cc.GetColorMap().GetFileColors().IsEmpty());
+        EXPECT_FALSE(cc.GetInvertColors());
+        EXPECT_EQ(cc.GetColor(0x12345678, false), 0x345678u);
+    }
+}
+
+TEST_F(ColourMapTest, OutOfRangeModesReadTheUnknownMap)
+{
+    WriteMap("unknown", "[QEL_COLORS]\n1 = 2\n");
+    for (int value : { 9, -3 }) {
+        ColorControl cc;
+        cc.SetLightMode(ColorConverter::mode(value), false);
+        EXPECT_EQ(cc.GetColor(1, false), 2u) << value;
+    }
+}
+
+TEST_F(ColourMapTest, ANewInstanceIgnoresNormalModeEntirely)
+{
+    WriteMap("normal", "[QEL_COLORS]\n1 = 2\n[PARAMS]\ninvert = 1\n");
+    QCoreApplication::processEvents(); // announcements of earlier tests
+    int notes = 0;
+    QObject context;
+    SubscriptionManager::Instance().Subscribe(GeneralSubKeys::COLOR_CONTROL, [&](int, const QString&) { ++notes; }, &context);
+    ColorControl cc;
+    QSignalSpy spy(&cc, &ColorControl::lightModeChanged);
+    cc.SetLightMode(ColorConverter::normal, true);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(notes, 0);
+    EXPECT_EQ(spy.count(), 0);
+    EXPECT_EQ(cc.GetColor(1, false), 1u) << "no map was read";
+    EXPECT_EQ(cc.GetColor(0xFF123456, false), 0x123456u);
+}
+
+TEST_F(ColourMapTest, GetColorInvertsScalesRoundsAndClamps)
+{
+    const struct { const char* params; COLORREF in; bool raw; COLORREF out; } cases[] = {
+        { "invert = 1", 0xFFFFFF, false, 0 },
+        { "invert = 1", 0x123456, false, 0xEDCBA9 },
+        { "invert = 1", 0xAB000000, false, 0xFFFFFF },
+        { "invert = 1", 0xAB123456, true, 0x123456 },
+        { "invert = 1", 255, true, 255 },                 // raw skips the substitution
+        { "invert = 1", 255, false, 65280 },
+        { "red = 0.5\ngreen = 0.5\nblue = 0.5", 0xFFFFFF, false, 0x808080 },
+        { "red = 0.5\ngreen = 0.5\nblue = 0.5", RGB(3, 1, 0), false, RGB(2, 1, 0) },
+        { "red = 2\ngreen = 1.5\nblue = 0.3", RGB(200, 100, 10), false, RGB(255, 150, 3) },
+        { "red = 2\ngreen = 1.5\nblue = 0.3\ninvert = 1", RGB(200, 100, 10), true, RGB(255, 150, 3) },
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.params);
+        const ColorControl cc = NightControl(QString("[QEL_COLORS]\n255 = 65280\n[PARAMS]\n") + c.params);
+        EXPECT_EQ(cc.GetColor(c.in, c.raw), c.out) << std::hex << c.in;
+    }
+}
+
+TEST(ColourConversion, GreyAndHalfBrightnessColours)
+{
+    const ColorControl cc;
+    EXPECT_EQ(cc.GetGrayColor(0), 0x9F9F9Fu);
+    EXPECT_EQ(cc.GetGrayColor(0xFFFFFF), 0xDFDFDFu);
+    EXPECT_EQ(cc.GetGrayColor(0xFF000000), 0x9F9F9Fu);
+    EXPECT_EQ(ColorMapper().Map(0x00FF8001), 0x007F4000u);
+    EXPECT_EQ(ColorMapper().Map(0xFFFFFFFF), 0x007F7F7Fu);
+}
+
+TEST(ColourConversion, ModeNames)
+{
+    const char* const names[] = { "Unknown", "Normal", "Night", "Twilight", "Bright" };
+    for (int m = 0; m < 5; ++m)
+        EXPECT_EQ(ColorControl::GetColorModeString(ColorConverter::mode(m)), names[m]);
+    for (int m : { -1, 5, 1000 })
+        EXPECT_EQ(ColorControl::GetColorModeString(ColorConverter::mode(m)), "Unknown");
+}
+
+TEST_F(ColourMapTest, RemapBitmapConvertsOnly32BitImagesPixelByPixel)
+{
+    const ColorControl cc = NightControl("[QEL_COLORS]\n255 = 16776960\n[PARAMS]\nred = 0.5\nblue = 0.25\ninvert = 1\n");
+    for (QImage::Format format : { QImage::Format_RGB888, QImage::Format_Indexed8, QImage::Format_RGBA8888 }) {
+        QImage source(4, 3, QImage::Format_ARGB32);
+        source.fill(0xFF0000FF); // substituted and scaled if it were converted
+        QImage image = source.convertToFormat(format);
+        const QImage before = image.copy();
+        cc.RemapBitmap(image);
+        cc.RemapBitmapGray(image);
+        EXPECT_EQ(image, before) << format;
+    }
+    QImage empty;
+    cc.RemapBitmap(empty);
+
+    // A small image and one large enough to be converted in slices on several threads.
+    for (QSize size : { QSize(7, 5), QSize(600, 500) }) {
+        SCOPED_TRACE(size.width());
+        QImage image(size, QImage::Format_ARGB32);
+        QRandomGenerator random(42);
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                image.setPixel(x, y, random.generate());
+        image.setPixel(0, 0, 0x80C0C0C0); // key colour, half transparent
+        image.setPixel(1, 0, 0x400000FF); // substituted
+        image.setPixel(2, 0, 0x7F123456);
+        const QImage original = image;    // shares the pixels until the remap detaches
+        QImage gray = image.copy();
+        cc.RemapBitmap(image);
+        cc.RemapBitmapGray(gray);
+        EXPECT_EQ(image.pixel(0, 0), 0x80C0C0C0u);
+        EXPECT_EQ(image.pixel(1, 0), 0x40FFFF00u);
+        EXPECT_EQ(image.pixel(2, 0), 0x7F3BCB55u) << "inverted; lowest byte by the red factor";
+        int wrong = 0, wrongGray = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const quint32 pixel = original.pixel(x, y), alpha = pixel & 0xFF000000;
+                if ((pixel & 0xFFFFFF) == 0xC0C0C0) {
+                    wrong += image.pixel(x, y) != pixel;
+                    wrongGray += gray.pixel(x, y) != pixel;
+                    continue;
+                }
+                wrong += image.pixel(x, y) != (alpha | (cc.GetColor(pixel & 0xFFFFFF, false) & 0xFFFFFF));
+                wrongGray += gray.pixel(x, y) != (alpha | cc.GetGrayColor(pixel & 0xFFFFFF));
+            }
+        }
+        EXPECT_EQ(wrong, 0);
+        EXPECT_EQ(wrongGray, 0);
+        EXPECT_EQ(original.pixel(1, 0), 0x400000FFu) << "the shared copy is left alone";
+    }
+}
+
+TEST_F(ColourMapTest, RemapColorTableScalesWithoutSubstitutionOrInversion)
+{
+    const ColorControl cc = NightControl("[QEL_COLORS]\n255 = 65280\n[PARAMS]\nred = 0.5\nblue = 0.25\ninvert = 1\n");
+    ColorTable table;
+    table.SetLowColor(255);
+    table.InsertEntry(1.0, 255, false);
+    table.InsertEntry(2.0, 0x01FFFFFF, true);
+    cc.RemapColorTable(table);
+    EXPECT_EQ(table.LowColor(), RGB(128, 0, 0));
+    EXPECT_EQ(table.EntryColor(0), RGB(128, 0, 0));
+    EXPECT_EQ(table.EntryColor(1), RGB(128, 255, 64));
+    EXPECT_EQ(table.NumEntries(), 2);
+}
