@@ -21,6 +21,16 @@ quint32 Slot(quint32 color, quint32 hash)
     return (color * hash) >> (32 - kSlotBits);
 }
 
+bool CpuHasAvx512()
+{
+#ifdef QEL_REMAP_AVX2
+    static const bool has = __builtin_cpu_supports("avx512f");
+    return has;
+#else
+    return false;
+#endif
+}
+
 bool CpuHasAvx2()
 {
 #ifdef QEL_REMAP_AVX2
@@ -46,6 +56,7 @@ BitmapRemapper::BitmapRemapper(const ColorMap& map, const ColorConverter& conver
         if (from <= 0x00FFFFFFu)
             m_substitutions.emplace_back(from, to & 0x00FFFFFFu);
     m_vector = CpuHasAvx2() && BuildVectorTables();
+    m_wide = m_vector && CpuHasAvx512() && BuildWideTables();
 }
 
 bool BitmapRemapper::FindSubstitute(quint32 color, quint32& substitute) const
@@ -74,6 +85,10 @@ quint32 BitmapRemapper::RemapPixel(quint32 pixel) const
 
 void BitmapRemapper::Remap(quint32* pixels, qsizetype count) const
 {
+    if (m_wide) {
+        RemapWide(pixels, count);
+        return;
+    }
     if (m_vector) {
         RemapVector(pixels, count);
         return;
@@ -136,6 +151,60 @@ bool BitmapRemapper::BuildVectorTables()
             m_slotHash = hash;
             return true;
         }
+    }
+    return false;
+}
+
+bool BitmapRemapper::BuildWideTables()
+{
+    if (m_substitutions.size() > 64)
+        return false;
+    for (size_t i = 0; i < m_substitutions.size(); ++i)
+        m_wideSubstitutes[i] = m_substitutions[i].second;
+    quint32 seed = 0x2545F491u;
+    auto next = [&seed] { seed = seed * 1664525u + 1013904223u; return seed | 1u; };
+    for (int attempt = 0; attempt < 2000; ++attempt) {
+        const quint32 hash1 = next(), hash2 = next();
+        std::array<std::vector<size_t>, 16> buckets;
+        for (size_t i = 0; i < m_substitutions.size(); ++i)
+            buckets[(m_substitutions[i].first * hash1) >> 28].push_back(i);
+        std::array<size_t, 16> order {};
+        for (size_t b = 0; b < 16; ++b)
+            order[b] = b;
+        std::sort(order.begin(), order.end(), [&](size_t a, size_t b) { return buckets[a].size() > buckets[b].size(); });
+        std::array<bool, 128> used {};
+        bool placedAll = true;
+        for (size_t b : order) {
+            bool placed = buckets[b].empty();
+            for (quint32 displacement = 0; displacement < 128 && !placed; ++displacement) {
+                std::array<bool, 128> trial = used;
+                placed = true;
+                for (size_t i : buckets[b]) {
+                    const quint32 slot = ((m_substitutions[i].first * hash2) >> 25) ^ displacement;
+                    placed = placed && !trial[slot];
+                    trial[slot] = true;
+                }
+                if (placed) {
+                    used = trial;
+                    m_displacement[b] = displacement;
+                }
+            }
+            if (!placed) {
+                placedAll = false;
+                break;
+            }
+        }
+        if (!placedAll)
+            continue;
+        m_wideHash1 = hash1;
+        m_wideHash2 = hash2;
+        m_wideSlots.fill(0);
+        for (size_t i = 0; i < m_substitutions.size(); ++i) {
+            const quint32 color = m_substitutions[i].first;
+            const quint32 slot = ((color * hash2) >> 25) ^ m_displacement[(color * hash1) >> 28];
+            m_wideSlots[slot] = color | (quint32(i + 1) << 24);
+        }
+        return true;
     }
     return false;
 }
@@ -217,8 +286,13 @@ __attribute__((target("avx2"))) void BitmapRemapper::RemapVector(quint32* pixels
                 alignas(32) quint32 result[8];
                 _mm256_store_si256(reinterpret_cast<__m256i*>(in), pixel);
                 _mm256_store_si256(reinterpret_cast<__m256i*>(result), out);
-                for (int lane = 0; lane < 8; ++lane)
+                // Only the lanes the filter let through (mostly one) are looked up.
+                unsigned lanes = unsigned(_mm256_movemask_ps(_mm256_castsi256_ps(_mm256_slli_epi32(maybe, 31))));
+                do {
+                    const int lane = __builtin_ctz(lanes);
                     result[lane] = RemapPixelFast(in[lane], slotTable, substitutes, slotHash, result[lane]);
+                    lanes &= lanes - 1;
+                } while (lanes);
                 out = _mm256_load_si256(reinterpret_cast<const __m256i*>(result));
             }
         }
@@ -227,7 +301,78 @@ __attribute__((target("avx2"))) void BitmapRemapper::RemapVector(quint32* pixels
     for (; i < count; ++i)
         pixels[i] = RemapPixel(pixels[i]);
 }
+// min(255, (channel * multiplier + addend) >> 16) in each of sixteen lanes.
+__attribute__((target("avx512f"))) static inline __m512i ScaleChannel16(__m512i channel, __m512i multiplier, __m512i addend,
+                                                                        __m512i byteMask)
+{
+    return _mm512_min_epu32(_mm512_srli_epi32(_mm512_add_epi32(_mm512_mullo_epi32(channel, multiplier), addend), 16), byteMask);
+}
+
+__attribute__((target("avx512f"))) void BitmapRemapper::RemapWide(quint32* pixels, qsizetype count) const
+{
+    const __m512i colorMask = _mm512_set1_epi32(0x00FFFFFF);
+    const __m512i byteMask = _mm512_set1_epi32(0xFF);
+    const __m512i keyColor = _mm512_set1_epi32(int(kKeyColor));
+    const __m512i invert = _mm512_set1_epi32(int(m_invert));
+    const __m512i hash1 = _mm512_set1_epi32(int(m_wideHash1));
+    const __m512i hash2 = _mm512_set1_epi32(int(m_wideHash2));
+    const __m512i displacement = _mm512_loadu_si512(m_displacement.data());
+    __m512i slotRegs[8], substituteRegs[4];
+    for (int r = 0; r < 8; ++r)
+        slotRegs[r] = _mm512_loadu_si512(m_wideSlots.data() + 16 * r);
+    for (int r = 0; r < 4; ++r)
+        substituteRegs[r] = _mm512_loadu_si512(m_wideSubstitutes.data() + 16 * r);
+    __m512i multiplier[3], addend[3];
+    for (int k = 0; k < 3; ++k) {
+        multiplier[k] = _mm512_set1_epi32(int(m_multiplier[size_t(k)]));
+        addend[k] = _mm512_set1_epi32(int(m_addend[size_t(k)]));
+    }
+
+    qsizetype i = 0;
+    for (; i + 16 <= count; i += 16) {
+        const __m512i pixel = _mm512_loadu_si512(pixels + i);
+        const __m512i color = _mm512_and_si512(pixel, colorMask);
+        const __m512i c = _mm512_xor_si512(color, invert);
+        const __m512i red = ScaleChannel16(_mm512_and_si512(c, byteMask), multiplier[0], addend[0], byteMask);
+        const __m512i green = ScaleChannel16(_mm512_and_si512(_mm512_srli_epi32(c, 8), byteMask), multiplier[1], addend[1], byteMask);
+        const __m512i blue = ScaleChannel16(_mm512_srli_epi32(c, 16), multiplier[2], addend[2], byteMask);
+        const __m512i alpha = _mm512_andnot_si512(colorMask, pixel);
+        __m512i out = _mm512_or_si512(_mm512_or_si512(alpha, red), _mm512_or_si512(_mm512_slli_epi32(green, 8), _mm512_slli_epi32(blue, 16)));
+
+        // The slot of each colour, then its entry out of the 128 held in four registers.
+        const __m512i bucket = _mm512_srli_epi32(_mm512_mullo_epi32(color, hash1), 28);
+        const __m512i slot = _mm512_xor_si512(_mm512_srli_epi32(_mm512_mullo_epi32(color, hash2), 25),
+                                              _mm512_permutexvar_epi32(bucket, displacement));
+        const __mmask16 bit5 = _mm512_test_epi32_mask(slot, _mm512_set1_epi32(32));
+        const __mmask16 bit6 = _mm512_test_epi32_mask(slot, _mm512_set1_epi32(64));
+        const __m512i quarter0 = _mm512_permutex2var_epi32(slotRegs[0], slot, slotRegs[1]);
+        const __m512i quarter1 = _mm512_permutex2var_epi32(slotRegs[2], slot, slotRegs[3]);
+        const __m512i quarter2 = _mm512_permutex2var_epi32(slotRegs[4], slot, slotRegs[5]);
+        const __m512i quarter3 = _mm512_permutex2var_epi32(slotRegs[6], slot, slotRegs[7]);
+        const __m512i entry = _mm512_mask_blend_epi32(bit6, _mm512_mask_blend_epi32(bit5, quarter0, quarter1),
+                                                      _mm512_mask_blend_epi32(bit5, quarter2, quarter3));
+        const __m512i index = _mm512_srli_epi32(entry, 24);
+        const __mmask16 hit = _mm512_cmpeq_epi32_mask(_mm512_and_si512(entry, colorMask), color)
+                            & _mm512_test_epi32_mask(index, index) & _mm512_cmpneq_epi32_mask(color, keyColor);
+        // Without a branch: scattered substituted pixels would make one unpredictable.
+        const __m512i valueIndex = _mm512_sub_epi32(index, _mm512_set1_epi32(1));
+        const __m512i lowValue = _mm512_permutex2var_epi32(substituteRegs[0], valueIndex, substituteRegs[1]);
+        const __m512i highValue = _mm512_permutex2var_epi32(substituteRegs[2], valueIndex, substituteRegs[3]);
+        const __mmask16 upperValue = _mm512_test_epi32_mask(valueIndex, _mm512_set1_epi32(32));
+        const __m512i value = _mm512_mask_blend_epi32(upperValue, lowValue, highValue);
+        out = _mm512_mask_blend_epi32(hit, out, _mm512_or_si512(alpha, value));
+        out = _mm512_mask_blend_epi32(_mm512_cmpeq_epi32_mask(color, keyColor), out, pixel);
+        _mm512_storeu_si512(pixels + i, out);
+    }
+    for (; i < count; ++i)
+        pixels[i] = RemapPixel(pixels[i]);
+}
 #else
+void BitmapRemapper::RemapWide(quint32* pixels, qsizetype count) const
+{
+    RemapVector(pixels, count);
+}
+
 void BitmapRemapper::RemapVector(quint32* pixels, qsizetype count) const
 {
     for (qsizetype i = 0; i < count; ++i)

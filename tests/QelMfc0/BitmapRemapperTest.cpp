@@ -44,7 +44,7 @@ std::vector<quint32> Pixels(const ColorMap& map, std::mt19937& random)
 TEST(BitmapRemapper, VectorAndPixelFormsAgreeForEveryFactorAndMap)
 {
     std::mt19937 random(2026);
-    int vectorCases = 0;
+    int vectorCases = 0, wideCases = 0;
     const double factors[][3] = { { 0.42, 0.34, 0.30 }, { 1.0, 1.0, 1.0 }, { 0.5, 0.25, 0.75 }, { 1.2, 2.5, 0.0 },
                                   { 0.333, 0.666, 0.999 }, { 255.0, 0.001, 1e6 }, { 0.1, 0.2, 0.7 } };
     for (const auto& f : factors) {
@@ -57,6 +57,7 @@ TEST(BitmapRemapper, VectorAndPixelFormsAgreeForEveryFactorAndMap)
                 const ColorMap map = MapWith(substitutions, random);
                 const BitmapRemapper remapper(map, converter);
                 vectorCases += remapper.UsesVectorPath();
+                wideCases += remapper.UsesWidePath();
                 std::vector<quint32> pixels = Pixels(map, random);
                 const std::vector<quint32> original = pixels;
                 remapper.Remap(pixels.data(), qsizetype(pixels.size()) - 3); // a tail shorter than a vector
@@ -71,6 +72,9 @@ TEST(BitmapRemapper, VectorAndPixelFormsAgreeForEveryFactorAndMap)
 #if defined(__GNUC__) && defined(__x86_64__)
     if (__builtin_cpu_supports("avx2")) {
         EXPECT_GT(vectorCases, 40) << "most cases must take the vector form on this processor";
+    }
+    if (__builtin_cpu_supports("avx512f")) {
+        EXPECT_GT(wideCases, 20) << "maps of up to 64 colours must take the sixteen-pixel form";
     }
 #endif
 }
