@@ -4,11 +4,13 @@
 // kept, a substituted colour takes its substitute, any other is inverted and scaled. The lowest
 // byte of a pixel gets the red factor.
 //
-// Night mode converts every image the suite shows, so this runs sixteen pixels at a time with
-// AVX-512 where the processor has it and the map holds at most 64 colours (the lookup is then
-// free of branches), else eight pixels at a time with AVX2 (an exact fixed-point form of the channel scaling, a Bloom
-// filter in registers that rules out substitutions for most pixels, and a cuckoo table for the
-// rest), and falls back to one pixel at a time elsewhere. Both give the same pixels.
+// Night mode converts every image the suite shows, so the pixels are converted in vectors:
+// sixteen at a time with AVX-512 when the map holds at most 64 colours (substitutes looked up
+// in registers, without branches), else eight at a time with AVX2 (a Bloom filter in registers
+// rules out substitutions for most pixels, a one-probe table serves the rest). Channel scaling
+// is done in fixed point, used only where it reproduces the scale table exactly. Other
+// processors, and compilers without GCC's target attributes, convert one pixel at a time.
+// Every form gives the same pixels.
 
 #include <QelBase/QelTypes.h>
 #include <QelMfc0/colour/ColorConverter.h>
