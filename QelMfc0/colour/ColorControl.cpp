@@ -1,7 +1,7 @@
 #include "QelMfc0/colour/ColorControl.h"
 
 #include <QImage>
-#include <QtConcurrent/QtConcurrentMap>
+#include <QThread>
 #include <QelBase/ColorTable.h>
 #include <QelBase/FileObject.h>
 #include <QelConfigure/DataSearch.h>
@@ -12,6 +12,7 @@
 #include <QelSubscriber/SubscriptionManager.h>
 #include <algorithm>
 #include <cmath>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -70,11 +71,14 @@ void ForEachRowSlice(QImage& image, RowFn convertRow)
         convertRows({ 0, height });
         return;
     }
-    const int slices = std::max(2, QThread::idealThreadCount() * 2);
-    std::vector<std::pair<int, int>> rows;
-    for (int i = 0; i < slices; ++i)
-        rows.emplace_back(height * i / slices, height * (i + 1) / slices);
-    QtConcurrent::blockingMap(rows, convertRows);
+    // One slice per processor: the calling thread converts the first, helpers the others.
+    const int slices = std::clamp(QThread::idealThreadCount(), 1, 16);
+    std::vector<std::thread> helpers;
+    for (int i = 1; i < slices; ++i)
+        helpers.emplace_back(convertRows, std::pair<int, int>(height * i / slices, height * (i + 1) / slices));
+    convertRows({ 0, height / slices });
+    for (std::thread& helper : helpers)
+        helper.join();
 }
 
 COLORREF GrayOf(COLORREF color)

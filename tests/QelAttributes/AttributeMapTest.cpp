@@ -41,9 +41,6 @@ TEST(AttributeMap, TypedAccess)
     map.SetAttribValue("Gain", CQelDouble(0.5));
     map.FindCreate("Empty");
 
-    COLORREF colour = 0;
-    EXPECT_TRUE(map.GetAttribColor(ATTR_PANECOLOR, colour));
-    EXPECT_EQ(colour, RGB(10, 20, 30));
     QString face;
     EXPECT_TRUE(map.GetAttribValue(ATTR_FONTNAME, face));
     EXPECT_EQ(face, "Arial");

@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <limits>
+#include <tuple>
 
 namespace {
 
@@ -97,7 +98,7 @@ TEST(FileObject, AcceptsBomAndAnyLineEnd)
     EXPECT_TRUE(saved.startsWith("\xEF\xBB\xBF[A]\r\nx=2\r\n"));
 }
 
-TEST(FileObject, OpenMissingFile)
+TEST(FileObject, OpenMissingFileCreateAndSaveIntoAFile)
 {
     QTemporaryDir dir;
     FileObject fo;
@@ -118,6 +119,12 @@ TEST(FileObject, OpenMissingFile)
 
     FileObject unbound;
     EXPECT_FALSE(unbound.FileSave());
+    unbound.SetInt("A", "x", 1);
+    const QString blocker = dir.filePath("plainfile");
+    ASSERT_TRUE(writeAll(blocker, "old content"));
+    EXPECT_FALSE(unbound.FileSave(blocker + "/child.ini"));   // parent is a file
+    EXPECT_EQ(readAll(blocker), "old content");
+    EXPECT_TRUE(unbound.GetPathName().isEmpty());
 }
 
 TEST(FileObject, SaveKeepsMalformedLinesCommentsAndPositions)
@@ -153,18 +160,6 @@ TEST(FileObject, SaveKeepsMalformedLinesCommentsAndPositions)
                            "\n"
                            "[C]\n"
                            "c=multi line\n");
-}
-
-TEST(FileObject, SaveIntoUnwritablePlaceKeepsOldFile)
-{
-    QTemporaryDir dir;
-    const QString blocker = dir.filePath("plainfile");
-    ASSERT_TRUE(writeAll(blocker, "old content"));
-    FileObject fo;
-    fo.SetInt("A", "x", 1);
-    EXPECT_FALSE(fo.FileSave(blocker + "/child.ini"));   // parent is a file
-    EXPECT_EQ(readAll(blocker), "old content");
-    EXPECT_TRUE(fo.GetPathName().isEmpty());
 }
 
 TEST(FileObject, SaveIntoReadOnlyFolderKeepsOldFile)
@@ -211,14 +206,11 @@ TEST(FileObject, TypedReadsLeaveValueOnBadInput)
         EXPECT_EQ(fo.GetDouble("T", c.key, v), c.ok) << c.key;
         EXPECT_EQ(v, c.expected) << c.key;
     }
-    bool b = false;
-    EXPECT_TRUE(fo.GetBool("T", "b1", b));
-    EXPECT_TRUE(b);
-    EXPECT_TRUE(fo.GetBool("T", "b2", b));
-    EXPECT_FALSE(b);
-    b = true;
-    EXPECT_FALSE(fo.GetBool("T", "b3", b));
-    EXPECT_TRUE(b);
+    for (const auto& [key, ok, expected] : {std::tuple{"b1", true, true}, {"b2", true, false}, {"b3", false, true}}) {
+        bool b = ok ? !expected : expected;
+        EXPECT_EQ(fo.GetBool("T", key, b), ok) << key;
+        EXPECT_EQ(b, expected) << key;
+    }
 
     int a = 0, m = 0, c = 0;
     EXPECT_TRUE(fo.GetIntTriple("T", "t1", a, m, c));

@@ -188,7 +188,6 @@ TEST(StringToValueTest, NumbersUnitsAndFeet)
         EXPECT_EQ(ok, c.ok) << c.text;
         EXPECT_DOUBLE_EQ(value, c.expected) << c.text;
     }
-    EXPECT_EQ(StringToValue(QStringLiteral("8")), 8.0);
 }
 
 TEST(StringToValueTest, ReadsBackFeetAndInches)

@@ -154,42 +154,36 @@ TEST(QelIniFile_IO, RoundTripOnAFile)
 {
     QTemporaryDir dir;
     const QString file = dir.filePath(QStringLiteral("suite.ini"));
+    const QString history = QStringLiteral("ProjectHistory"), entry = QStringLiteral("Project0");
     {
         QelIniFile_IO ini(file);
-        QString text = QStringLiteral("kept");
+        QStringList texts(4, QStringLiteral("kept"));
         bool flag = true;
-        EXPECT_FALSE(ini.GetProjectPath(text));
-        EXPECT_FALSE(ini.GetCurrentProjectName(text));
-        EXPECT_FALSE(ini.GetCommonProjectFilesPath(text));
-        EXPECT_FALSE(ini.GetUseDefaultCommonPath(flag));
-        EXPECT_FALSE(ini.GetString(QStringLiteral("ProjectHistory"), QStringLiteral("Project0"), text));
-        EXPECT_EQ(text, QStringLiteral("kept"));
+        EXPECT_FALSE(ini.GetProjectPath(texts[0]) | ini.GetCurrentProjectName(texts[1])
+                     | ini.GetCommonProjectFilesPath(texts[2]) | ini.GetString(history, entry, texts[3])
+                     | ini.GetUseDefaultCommonPath(flag));
+        EXPECT_EQ(texts, QStringList(4, QStringLiteral("kept")));
         EXPECT_TRUE(flag);
 
         ini.SetProjectPath(QStringLiteral("/data/QEL Projects"));
         ini.SetCurrentProjectName(QStringLiteral("NorthSea"));
         ini.SetCommonProjectFilesPath(QStringLiteral("/data/common"));
         ini.SetUseDefaultCommonPath(false);
-        ini.SetString(QStringLiteral("ProjectHistory"), QStringLiteral("Project0"),
-                      QStringLiteral("/data/QEL Projects,NorthSea"));
+        ini.SetString(history, entry, QStringLiteral("/data/QEL Projects,NorthSea"));
         ini.SetString(QString(), QStringLiteral("Orphan"), QStringLiteral("x"));
     }
     QelIniFile_IO ini(file);
-    QString text;
+    QStringList texts(4);
     bool flag = true;
-    EXPECT_TRUE(ini.GetProjectPath(text));
-    EXPECT_EQ(text, QStringLiteral("/data/QEL Projects"));
-    EXPECT_TRUE(ini.GetCurrentProjectName(text));
-    EXPECT_EQ(text, QStringLiteral("NorthSea"));
-    EXPECT_TRUE(ini.GetCommonProjectFilesPath(text));
-    EXPECT_EQ(text, QStringLiteral("/data/common"));
-    EXPECT_TRUE(ini.GetUseDefaultCommonPath(flag));
+    EXPECT_TRUE(ini.GetProjectPath(texts[0]) & ini.GetCurrentProjectName(texts[1])
+                & ini.GetCommonProjectFilesPath(texts[2]) & ini.GetString(history, entry, texts[3])
+                & ini.GetUseDefaultCommonPath(flag));
+    EXPECT_EQ(texts, (QStringList{"/data/QEL Projects", "NorthSea", "/data/common", "/data/QEL Projects,NorthSea"}));
     EXPECT_FALSE(flag);
-    EXPECT_TRUE(ini.GetString(QStringLiteral("ProjectHistory"), QStringLiteral("Project0"), text));
-    EXPECT_EQ(text, QStringLiteral("/data/QEL Projects,NorthSea"));
+    QString text;
     EXPECT_FALSE(ini.GetString(QString(), QStringLiteral("Orphan"), text));
 
-    EXPECT_TRUE(ini.RemoveKey(QStringLiteral("ProjectHistory"), QStringLiteral("Project0")));
-    EXPECT_FALSE(ini.RemoveKey(QStringLiteral("ProjectHistory"), QStringLiteral("Project0")));
-    EXPECT_FALSE(ini.GetString(QStringLiteral("ProjectHistory"), QStringLiteral("Project0"), text));
+    EXPECT_TRUE(ini.RemoveKey(history, entry));
+    EXPECT_FALSE(ini.RemoveKey(history, entry));
+    EXPECT_FALSE(ini.GetString(history, entry, text));
 }

@@ -114,36 +114,33 @@ TEST(FileDialogRequest, RealDialogFollowsTheRequest)
     }
 }
 
-TEST(FileTypeDialog, OpenAColourTableThroughTheHook)
+TEST(FileTypeDialog, OpenAColourTableAndSaveAProjectThroughTheHook)
 {
     TestProject test;
     ASSERT_TRUE(test.IsOpen());
-    HookScope hook({test.CommonFolder() + "/ColorTables/Depth Shallow.v2.ctb"});
-    FileTypeDialog dialog(25, false, nullptr);
-    ASSERT_TRUE(dialog.Go());
-    ASSERT_TRUE(hook.seen);
-    EXPECT_EQ(hook.seen->mode, FileDialogRequest::Open);
-    EXPECT_EQ(hook.seen->directory, test.CommonFolder() + "/ColorTables");
-    EXPECT_EQ(hook.seen->filter, QStringLiteral("Color Table File (*.ctb)|*.ctb||"));
-    EXPECT_TRUE(hook.seen->flags & FileDialogFlags::OFN_FILEMUSTEXIST);
-    EXPECT_FALSE(hook.seen->flags & FileDialogFlags::OFN_OVERWRITEPROMPT);
-    EXPECT_EQ(dialog.GetPathName(), test.CommonFolder() + "/ColorTables/Depth Shallow.v2.ctb");
-    EXPECT_EQ(dialog.GetFileTitle(), QStringLiteral("Depth Shallow.v2"));
-}
-
-TEST(FileTypeDialog, SaveAProjectOfferTheDefaultName)
-{
-    TestProject test;
-    ASSERT_TRUE(test.IsOpen());
-    HookScope hook({test.ProjectFolder() + "/Project.qpd"});
-    FileTypeDialog dialog(13, true, nullptr);
-    ASSERT_TRUE(dialog.Go());
-    ASSERT_TRUE(hook.seen);
-    EXPECT_EQ(hook.seen->mode, FileDialogRequest::Save);
-    EXPECT_EQ(hook.seen->directory, test.ProjectFolder());
-    EXPECT_EQ(hook.seen->defaultName, QStringLiteral("Project.qpd"));
-    EXPECT_TRUE(hook.seen->flags & FileDialogFlags::OFN_OVERWRITEPROMPT);
-    EXPECT_EQ(dialog.GetFileTitle(), QStringLiteral("Project"));
+    using namespace FileDialogFlags;
+    const struct { int type; bool save; QString chosen, directory, defaultName, title; quint32 set, unset; } cases[] = {
+        {25, false, test.CommonFolder() + "/ColorTables/Depth Shallow.v2.ctb", test.CommonFolder() + "/ColorTables",
+         {}, "Depth Shallow.v2", OFN_FILEMUSTEXIST, OFN_OVERWRITEPROMPT},
+        {13, true, test.ProjectFolder() + "/Project.qpd", test.ProjectFolder(), "Project.qpd", "Project", OFN_OVERWRITEPROMPT, 0},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.type);
+        HookScope hook({c.chosen});
+        FileTypeDialog dialog(c.type, c.save, nullptr);
+        ASSERT_TRUE(dialog.Go());
+        ASSERT_TRUE(hook.seen);
+        EXPECT_EQ(hook.seen->mode, c.save ? FileDialogRequest::Save : FileDialogRequest::Open);
+        EXPECT_EQ(hook.seen->directory, c.directory);
+        if (c.save) {
+            EXPECT_EQ(hook.seen->defaultName, c.defaultName);
+        } else {
+            EXPECT_EQ(hook.seen->filter, QStringLiteral("Color Table File (*.ctb)|*.ctb||"));
+        }
+        EXPECT_EQ(hook.seen->flags & (c.set | c.unset), c.set);
+        EXPECT_EQ(dialog.GetPathName(), c.chosen);
+        EXPECT_EQ(dialog.GetFileTitle(), c.title);
+    }
 }
 
 TEST(FileTypeDialog, CancelAndUnknownTypes)

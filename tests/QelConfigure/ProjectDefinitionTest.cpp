@@ -16,43 +16,41 @@
 
 namespace {
 
-QString WriteFile(const QTemporaryDir& dir, const QString& name, const QByteArray& text)
+QString WriteFile(const QTemporaryDir& dir, const QByteArray& text)
 {
-    const QString path = dir.filePath(name);
+    const QString path = dir.filePath(QStringLiteral("Project.qpd"));
     QFile file(path);
     if (file.open(QIODevice::WriteOnly))
         file.write(text);
     return path;
 }
 
-QByteArray ReadFile(const QString& path)
+// The numeric settings in one row: grid, geographic, distance, depth and bearing decimals,
+// geographic flags, feet flags, coordinate format.
+std::array<int, 8> Numbers(const ProjectDefinition& project)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    std::array<int, 5> d{-1, -1, -1, -1, -1};
+    unsigned flags = 99, feet = 99;
+    project.GetGridDecimals(d[0]);
+    project.GetGeogsDecimals(d[1]);
+    project.GetDistanceDecimals(d[2]);
+    project.GetDepthDecimals(d[3]);
+    project.GetBearingDecimals(d[4]);
+    project.GetGeogsFlags(flags);
+    project.GetFeetsFlags(feet);
+    return {d[0], d[1], d[2], d[3], d[4], int(flags), int(feet), int(project.GetCoordFormat())};
 }
+
+constexpr int kGrid = ProjectDefinition::COORD_GRID, kGeographic = ProjectDefinition::COORD_GEOGRAPHIC;
 
 } // namespace
 
 TEST(ProjectDefinition, MissingKeysGiveDefaults)
 {
     QTemporaryDir dir;
-    const QString path = WriteFile(dir, QStringLiteral("Project.qpd"),
-                                   "[Project]\nName = Bare\n[Options]\nAutoShowAlerts = 0\n");
     ProjectDefinition project;
-    ASSERT_TRUE(project.Load(path));
-    int grid = -1, geogs = -1, distance = -1, depth = -1, bearing = -1;
-    unsigned flags = 0, feet = 99;
-    EXPECT_TRUE(project.GetGridDecimals(grid));
-    project.GetGeogsDecimals(geogs);
-    project.GetDistanceDecimals(distance);
-    project.GetDepthDecimals(depth);
-    project.GetBearingDecimals(bearing);
-    project.GetGeogsFlags(flags);
-    project.GetFeetsFlags(feet);
-    EXPECT_EQ((std::array{grid, geogs, distance, depth, bearing}), (std::array{2, 2, 2, 2, 2}));
-    EXPECT_EQ(flags, 7u);
-    EXPECT_EQ(feet, 0u);
-    EXPECT_EQ(project.GetCoordFormat(), ProjectDefinition::COORD_GRID);
+    ASSERT_TRUE(project.Load(WriteFile(dir, "[Project]\nName = Bare\n[Options]\nAutoShowAlerts = 0\n")));
+    EXPECT_EQ(Numbers(project), (std::array{2, 2, 2, 2, 2, 7, 0, kGrid}));
     EXPECT_EQ(project.GetGeoCoordSys(), nullptr);
     EXPECT_EQ(project.GetUnitCnv().GetUnitKey(UNIT_DISTANCE), QStringLiteral("m"));
     QString media = QStringLiteral("stale");
@@ -64,41 +62,31 @@ TEST(ProjectDefinition, MissingKeysGiveDefaults)
 
 TEST(ProjectDefinition, OutOfRangeValuesAreCorrected)
 {
-    struct Case { const char* text; int grid; unsigned flags; int format; };
+    struct Case { const char* text; int grid; int flags; int format; };
     const Case cases[] = {
-        {"[Decimals]\nGrid = 40\n[Geographic]\nFlags = 5\n[Coordinates]\nFormat = 9\n", 12, 7, 1},
-        {"[Decimals]\nGrid = -3\n[Geographic]\nFlags = 3\n[Coordinates]\nFormat = 2\n", 0, 3, 2},
-        {"[Decimals]\nGrid = x\n[Geographic]\nFlags = 1\n[Coordinates]\nFormat = 0\n", 2, 1, 1},
-        {"[Decimals]\nGrid = 5\n[Geographic]\nFlags = 0\n", 5, 7, 1},
+        {"[Decimals]\nGrid = 40\n[Geographic]\nFlags = 5\n[Coordinates]\nFormat = 9\n", 12, 7, kGrid},
+        {"[Decimals]\nGrid = -3\n[Geographic]\nFlags = 3\n[Coordinates]\nFormat = 2\n", 0, 3, kGeographic},
+        {"[Decimals]\nGrid = x\n[Geographic]\nFlags = 1\n[Coordinates]\nFormat = 0\n", 2, 1, kGrid},
+        {"[Decimals]\nGrid = 5\n[Geographic]\nFlags = 0\n", 5, 7, kGrid},
     };
     for (const Case& c : cases) {
         QTemporaryDir dir;
         ProjectDefinition project;
-        ASSERT_TRUE(project.Load(WriteFile(dir, QStringLiteral("p.qpd"), c.text)));
-        int grid = -1;
-        unsigned flags = 0;
-        project.GetGridDecimals(grid);
-        project.GetGeogsFlags(flags);
-        EXPECT_EQ(grid, c.grid) << c.text;
-        EXPECT_EQ(flags, c.flags) << c.text;
-        EXPECT_EQ(int(project.GetCoordFormat()), c.format) << c.text;
+        ASSERT_TRUE(project.Load(WriteFile(dir, c.text)));
+        EXPECT_EQ(Numbers(project), (std::array{c.grid, 2, 2, 2, 2, c.flags, 0, c.format})) << c.text;
     }
     ProjectDefinition project;
     project.SetDepthDecimals(13);
     project.SetGeogsFlags(4);
-    int depth = 0;
-    unsigned flags = 0;
-    project.GetDepthDecimals(depth);
-    project.GetGeogsFlags(flags);
-    EXPECT_EQ(depth, 12);
-    EXPECT_EQ(flags, 7u);
+    EXPECT_EQ(Numbers(project)[3], 12);
+    EXPECT_EQ(Numbers(project)[5], 7);
 }
 
 TEST(ProjectDefinition, CrsDefinitionAndCoordinateSystem)
 {
     QTemporaryDir dir;
     ProjectDefinition project;
-    ASSERT_TRUE(project.Load(WriteFile(dir, QStringLiteral("p.qpd"), "[Project]\nCrs = EPSG:4326\n")));
+    ASSERT_TRUE(project.Load(WriteFile(dir, "[Project]\nCrs = EPSG:4326\n")));
     EXPECT_EQ(project.GetGeoCoordSys(), nullptr); // geographic: no grid
     EXPECT_EQ(project.GetCrsDefinition(), QStringLiteral("EPSG:4326"));
 
@@ -133,15 +121,8 @@ TEST(ProjectDefinition, SaveRoundTripKeepsUnknownEntriesAndOptions)
     }
     ProjectDefinition reread;
     ASSERT_TRUE(reread.Load(path));
-    int grid = 0;
-    unsigned flags = 0, feet = 0;
-    reread.GetGridDecimals(grid);
-    reread.GetGeogsFlags(flags);
-    reread.GetFeetsFlags(feet);
-    EXPECT_EQ(grid, 3);
-    EXPECT_EQ(flags, 3u);
-    EXPECT_EQ(feet, 1u);
-    EXPECT_EQ(reread.GetCoordFormat(), ProjectDefinition::COORD_GEOGRAPHIC);
+    const auto numbers = Numbers(reread);
+    EXPECT_EQ((std::array{numbers[0], numbers[5], numbers[6], numbers[7]}), (std::array{3, 3, 1, kGeographic}));
     EXPECT_EQ(reread.GetUnitCnv().GetUnitKey(UNIT_DEPTH), QStringLiteral("ft"));
     EXPECT_EQ(reread.GetCrsDefinition(), QStringLiteral("EPSG:32631"));
     EXPECT_NE(reread.GetGeoCoordSys(), nullptr);
@@ -158,7 +139,9 @@ TEST(ProjectDefinition, SaveRoundTripKeepsUnknownEntriesAndOptions)
     EXPECT_EQ(value, QStringLiteral("yes"));
     EXPECT_TRUE(reread.GetString(QStringLiteral("Survey"), QStringLiteral("Vessel"), value));
     EXPECT_EQ(value, QStringLiteral("Orca"));
-    EXPECT_TRUE(ReadFile(path).contains("; NorthSea: the sample survey project"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll().contains("; NorthSea: the sample survey project"));
 }
 
 TEST(ProjectDefinition, MultiMediaFolderOutsideTheProjectStaysAbsolute)
@@ -178,26 +161,20 @@ TEST(ProjectDefinition, MultiMediaFolderOutsideTheProjectStaysAbsolute)
     EXPECT_FALSE(project.GetMultiMediaFilePath(media));
 }
 
-TEST(UnitDefinition, SampleDistanceGroupMatchesTheConverter)
+TEST(UnitDefinition, SampleGroupsMatchTheConverter)
 {
     UnitDefinition units;
     ASSERT_TRUE(units.FileOpen(QStringLiteral(QEL_SAMPLES_DIR "/Common/Units.def"), 32));
-    const QStringList expectedKeys = {"m", "km", "cm", "mm", "ft", "ftUS", "yd", "fathom", "NM", "mi"};
     QStringList keys;
-    QString key, menu, abbreviation;
-    double factor = 0.0, offset = 0.0;
-    for (bool ok = units.GetFirstGroupItem(2, key, menu, factor, offset, abbreviation); ok;
-         ok = units.GetNextGroupItem(key, menu, factor, offset, abbreviation)) {
-        keys.append(key);
+    for (const auto& item : units.GetGroupItems(2)) {
+        keys.append(item.key);
         UnitInfo known;
-        ASSERT_TRUE(CQelUnitCnv::FindUnit(UNIT_DISTANCE, key, known)) << key.toStdString();
-        EXPECT_EQ(factor, known.factor) << key.toStdString(); // bit-exact
-        EXPECT_EQ(offset, 0.0);
-        EXPECT_FALSE(menu.isEmpty());
-        EXPECT_FALSE(abbreviation.isEmpty());
+        ASSERT_TRUE(CQelUnitCnv::FindUnit(UNIT_DISTANCE, item.key, known)) << item.key.toStdString();
+        EXPECT_EQ(item.factor, known.factor) << item.key.toStdString(); // bit-exact
+        EXPECT_EQ(item.offset, 0.0);
+        EXPECT_FALSE(item.menuText.isEmpty() || item.abbreviation.isEmpty());
     }
-    EXPECT_EQ(keys, expectedKeys);
-    ASSERT_EQ(units.GetGroupItems(2).at(5).factor, 1200.0 / 3937.0);
+    EXPECT_EQ(keys, (QStringList{"m", "km", "cm", "mm", "ft", "ftUS", "yd", "fathom", "NM", "mi"}));
 
     // Every other group's keys are units the converter knows of the matching kind.
     const std::pair<int, int> groups[] = {{1, UNIT_SPEED}, {3, UNIT_ANGULAR}, {4, UNIT_VOLUME},
@@ -231,6 +208,7 @@ TEST(UnitDefinition, MalformedItemsAreSkipped)
         keys.append(item.key);
     EXPECT_EQ(keys, (QStringList{"a", "h"}));
 
+    // The iteration reads the same items and leaves its out values alone past the end.
     QString key = QStringLiteral("kept"), menu, abbreviation;
     double factor = 7.0, offset = 7.0;
     EXPECT_FALSE(units.GetFirstGroupItem(9, key, menu, factor, offset, abbreviation));

@@ -1,4 +1,3 @@
-#include <QDateTime>
 #include <QFile>
 #include <QLabel>
 #include <QRegularExpression>
@@ -13,7 +12,6 @@
 #include <VersionControl/VersionControl.h>
 #include <common/TestProject.h>
 #include <gtest/gtest.h>
-#include <optional>
 #include <set>
 
 namespace {
@@ -42,8 +40,6 @@ QString ProjectFileText(const TestProject& project)
 TEST(QelMfc0StartUp, AttachesWithTheApplicationAndRefusesAForeignSuiteRelease)
 {
     EXPECT_TRUE(IsQelMfc0Attached()) << "the library attaches itself when the application starts";
-    EXPECT_EQ(kQelMfc0Version, 0x05050100u);
-    EXPECT_TRUE(QelMfc0BuildStamp().contains(QLatin1Char(' ')));
 
     const quint32 suite = SuiteVersion();
     QelMfc0Detach();
@@ -56,7 +52,7 @@ TEST(QelMfc0StartUp, AttachesWithTheApplicationAndRefusesAForeignSuiteRelease)
     EXPECT_TRUE(QelMfc0LastError().isEmpty());
 }
 
-TEST(QelMfc0StartUp, IdentifierTablesAreCompleteAndDistinct)
+TEST(QelMfc0StartUp, IdentifierTableIsCompleteAndDistinct)
 {
     std::set<QString> ids;
     for (QLatin1StringView id : kApplicationIdentifiers) {
@@ -66,10 +62,6 @@ TEST(QelMfc0StartUp, IdentifierTablesAreCompleteAndDistinct)
     }
     EXPECT_EQ(ids.size(), 48u);
     EXPECT_EQ(QString(kApplicationIdentifiers[0]), "MASTER");
-    EXPECT_EQ(QString(kHelmsmanViewName), "HelmsmanView");
-    EXPECT_EQ(UnitCategoryName(0), "No Units");
-    EXPECT_EQ(UnitCategoryName(27), "Water/Wind Speed Units");
-    EXPECT_EQ(UnitCategoryName(29), "Percent Units");
 }
 
 TEST(SetDialogUnits, ReplacesTheFirstPlaceholderOfEachKindInDirectChildrenOnly)

@@ -47,32 +47,7 @@ TestProject::~TestProject()
     search.SetIniFile(nullptr);
 }
 
-QString TestProject::ProjectsFolder() const
-{
-    return m_dir.path() + QStringLiteral("/projects");
-}
-
-QString TestProject::ProjectFolder() const
-{
-    return ProjectsFolder() + QStringLiteral("/NorthSea");
-}
-
-QString TestProject::CommonFolder() const
-{
-    return ProjectsFolder() + QStringLiteral("/Common");
-}
-
-bool TestProject::IsOpen() const
-{
-    return m_open;
-}
-
 ProjectDefinition* TestProject::Project() const
 {
     return m_open ? DataSearch::GetDataSearch().GetProjectDefinition() : nullptr;
-}
-
-QString TestProject::SettingsFile() const
-{
-    return m_dir.path() + QStringLiteral("/settings.ini");
 }

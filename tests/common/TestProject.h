@@ -18,17 +18,17 @@ public:
     TestProject& operator=(const TestProject&) = delete;
 
     // The folder holding the projects (and "Common").
-    QString ProjectsFolder() const;
+    QString ProjectsFolder() const { return m_dir.path() + QStringLiteral("/projects"); }
     // The folder of the "NorthSea" project.
-    QString ProjectFolder() const;
+    QString ProjectFolder() const { return ProjectsFolder() + QStringLiteral("/NorthSea"); }
     // The common files folder.
-    QString CommonFolder() const;
+    QString CommonFolder() const { return ProjectsFolder() + QStringLiteral("/Common"); }
     // True when the copy was made and DataSearch opened it.
-    bool IsOpen() const;
+    bool IsOpen() const { return m_open; }
     // The open project's definition (DataSearch's), null when not open.
     ProjectDefinition* Project() const;
     // The settings file the test's DataSearch uses.
-    QString SettingsFile() const;
+    QString SettingsFile() const { return m_dir.path() + QStringLiteral("/settings.ini"); }
 
 private:
     QTemporaryDir m_dir;
