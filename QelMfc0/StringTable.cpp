@@ -8,6 +8,12 @@ namespace {
 const QHash<int, const char*>& Texts()
 {
     static const QHash<int, const char*> texts = {
+        { QelStrings::SLOPE_LABEL, QT_TRANSLATE_NOOP("QelMfc0", "Slope:") },
+        { QelStrings::LATLON_LABEL, QT_TRANSLATE_NOOP("QelMfc0", "Lat/Lon") },
+        { QelStrings::XY_LABEL, QT_TRANSLATE_NOOP("QelMfc0", "X/Y") },
+        { QelStrings::EXAMPLES_TITLE, QT_TRANSLATE_NOOP("QelMfc0", "Examples") },
+        { QelStrings::ZDIFF_LABEL, QT_TRANSLATE_NOOP("QelMfc0", "Z Diff.") },
+        { QelStrings::SAT_LATLON_LABEL, QT_TRANSLATE_NOOP("QelMfc0", "Sat.\nLat/Lon") },
         { QelStrings::MODE_UNKNOWN, QT_TRANSLATE_NOOP("QelMfc0", "Unknown") },
         { QelStrings::MODE_NORMAL, QT_TRANSLATE_NOOP("QelMfc0", "Normal") },
         { QelStrings::MODE_NIGHT, QT_TRANSLATE_NOOP("QelMfc0", "Night") },

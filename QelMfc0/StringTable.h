@@ -4,6 +4,12 @@
 #include <QString>
 
 namespace QelStrings {
+constexpr int SLOPE_LABEL = 6952;          // "Slope:"
+constexpr int LATLON_LABEL = 6967;         // "Lat/Lon"
+constexpr int XY_LABEL = 6968;             // "X/Y"
+constexpr int EXAMPLES_TITLE = 6969;       // "Examples"
+constexpr int ZDIFF_LABEL = 6980;          // "Z Diff."
+constexpr int SAT_LATLON_LABEL = 6992;     // "Sat.\nLat/Lon"
 constexpr int MODE_UNKNOWN = 6928;         // "Unknown"
 constexpr int MODE_NORMAL = 6929;          // "Normal"
 constexpr int MODE_NIGHT = 6930;           // "Night"
