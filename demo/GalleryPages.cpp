@@ -2,6 +2,7 @@
 
 #include "pages/ColourModesPage.h"
 #include "pages/DrawingHelpersPage.h"
+#include "pages/EntryPage.h"
 #include "pages/LibraryPage.h"
 
 std::vector<GalleryPage> GalleryPages()
@@ -10,5 +11,6 @@ std::vector<GalleryPage> GalleryPages()
         { QStringLiteral("Library"), QStringLiteral("library"), [](QWidget* parent) { return new LibraryPage(parent); } },
         { QStringLiteral("Drawing helpers"), QStringLiteral("drawing-helpers"), &CreateDrawingHelpersPage },
         { QStringLiteral("Colour modes"), QStringLiteral("colour-modes"), [](QWidget* parent) { return new ColourModesPage(parent); } },
+        { QStringLiteral("Entry and measuring"), QStringLiteral("entry"), [](QWidget* parent) { return new EntryPage(parent); } },
     };
 }

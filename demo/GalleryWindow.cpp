@@ -1,6 +1,7 @@
 #include "GalleryWindow.h"
 
 #include "GalleryPages.h"
+#include "pages/EntryPage.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -19,6 +20,9 @@
 #include <QelConfigure/DataSearch.h>
 #include <QelConfigure/ProjectDefinition.h>
 #include <QelMfc0/colour/ColorControl.h>
+#include <QelMfc0/dialogs/MeasureBrgDistDlg.h>
+#include <QelMfc0/dialogs/MeasureDlg.h>
+#include <QelMfc0/dialogs/MeasureRelativeDlg.h>
 
 namespace {
 const ColorConverter::mode kModes[] = { ColorConverter::normal, ColorConverter::night, ColorConverter::twilight,
@@ -123,11 +127,30 @@ bool GalleryWindow::WriteScreenshots(const QString& folder)
             Settle();
             const QString file = QStringLiteral("%1-%2-%3.png").arg(i + 1, 2, 10, QLatin1Char('0')).arg(PageSlug(i), modeName);
             ok = grab().save(dir.filePath(file)) && ok;
+            if (auto* entry = qobject_cast<EntryPage*>(m_pages->widget(i)))
+                ok = WriteMeasureDialogs(entry, dir, QStringLiteral("%1-%2").arg(i + 1, 2, 10, QLatin1Char('0')).arg(PageSlug(i)), modeName) && ok;
         }
         if (mode == ColorConverter::night)
             ok = WriteNightPopups(folder) && ok;
     }
     SetColourMode(ColorConverter::normal);
+    return ok;
+}
+
+bool GalleryWindow::WriteMeasureDialogs(EntryPage* page, const QDir& dir, const QString& stem, const QString& modeName)
+{
+    // Two picked points 2.5 km apart on the plan, a little deeper at the second.
+    page->Pick(Point(498200.0, 5759300.0, -8.4));
+    page->Pick(Point(500400.0, 5760500.0, -14.9));
+    bool ok = true;
+    const auto shoot = [&](QWidget* dialog, const char* name) {
+        Settle();
+        ok = dialog->grab().save(dir.filePath(QStringLiteral("%1-%2-%3.png").arg(stem, QLatin1String(name), modeName))) && ok;
+        dialog->hide();
+    };
+    shoot(page->OpenMeasure(true), "measure3d");
+    shoot(page->OpenLineRelative(), "linerelative");
+    shoot(page->OpenVesselBearing(), "vesselbearing");
     return ok;
 }
 

@@ -5,7 +5,9 @@
 #include <QMainWindow>
 #include <QelMfc0/colour/ColorConverter.h>
 
+class EntryPage;
 class QComboBox;
+class QDir;
 class QListWidget;
 class QStackedWidget;
 
@@ -28,6 +30,7 @@ public:
 
 private:
     bool WriteNightPopups(const QString& folder);
+    bool WriteMeasureDialogs(EntryPage* page, const QDir& dir, const QString& stem, const QString& modeName);
 
     QListWidget* m_pageList = nullptr;
     QStackedWidget* m_pages = nullptr;

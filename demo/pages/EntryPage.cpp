@@ -1,0 +1,183 @@
+#include "pages/EntryPage.h"
+
+#include "pages/PlanView.h"
+
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <QelConfigure/DataSearch.h>
+#include <QelConfigure/ProjectDefinition.h>
+#include <QelMfc0/controls/CoordinateCtrl.h>
+#include <QelMfc0/controls/DistanceCtrl.h>
+#include <QelMfc0/dialogs/MeasureBrgDistDlg.h>
+#include <QelMfc0/dialogs/MeasureDlg.h>
+#include <QelMfc0/dialogs/MeasureRelativeDlg.h>
+
+namespace {
+// A placeholder label in a form, replaced by its control once the form is built.
+QLabel* Placeholder(const QString& text, QWidget* parent)
+{
+    auto* label = new QLabel(text, parent);
+    label->setMinimumHeight(46);
+    return label;
+}
+} // namespace
+
+EntryPage::EntryPage(QWidget* parent)
+    : QWidget(parent)
+{
+    if (const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition())
+        m_sizes.FileOpen(project->GetProjectFolder() + QStringLiteral("/DialogSizes.ini"), FileObject::OPEN_CREATE);
+
+    auto* layout = new QHBoxLayout(this);
+    layout->addWidget(BuildEntryControls(), 0);
+
+    auto* right = new QVBoxLayout;
+    auto* planBox = new QGroupBox(tr("Survey area (click two points to measure)"), this);
+    auto* planLayout = new QVBoxLayout(planBox);
+    m_plan = new PlanView(planBox);
+    planLayout->addWidget(m_plan, 1);
+    m_status = new QLabel(tr("No point picked yet."), planBox);
+    planLayout->addWidget(m_status);
+    right->addWidget(planBox, 1);
+
+    auto* buttons = new QHBoxLayout;
+    auto add = [&](const QString& text, auto slot) {
+        auto* button = new QPushButton(text, this);
+        connect(button, &QPushButton::clicked, this, slot);
+        buttons->addWidget(button);
+    };
+    add(tr("Measure..."), [this] { OpenMeasure(false); });
+    add(tr("Measure 3-D..."), [this] { OpenMeasure(true); });
+    add(tr("Line relative..."), [this] { OpenLineRelative(); });
+    add(tr("Vessel bearing..."), [this] { OpenVesselBearing(); });
+    right->addLayout(buttons);
+    layout->addLayout(right, 1);
+
+    connect(m_plan, &PlanView::picked, this, &EntryPage::Pick);
+    connect(m_plan, &PlanView::vesselMoved, this, [this](const Point& vessel) {
+        if (m_relative)
+            m_relative->SetCurrentPos(vessel);
+        if (m_vessel)
+            m_vessel->SetFromPos(vessel);
+    });
+}
+
+EntryPage::~EntryPage()
+{
+    delete m_measure;
+    delete m_relative;
+    delete m_vessel;
+    if (!m_sizes.GetPathName().isEmpty())
+        m_sizes.FileSave();
+}
+
+QWidget* EntryPage::BuildEntryControls()
+{
+    auto* box = new QGroupBox(tr("Entry controls"), this);
+    auto* form = new QFormLayout(box);
+    struct Variant {
+        const char* label;
+        bool geogOnly, gridOnly, readOnly;
+    };
+    const Variant variants[] = {
+        { "Position:", false, false, false },
+        { "Geographic only:", true, false, false },
+        { "Grid only:", false, true, false },
+        { "Read-only:", false, false, true },
+    };
+    for (const Variant& v : variants) {
+        QLabel* placeholder = Placeholder(tr("To be replaced with CCoordinateCtrl"), box);
+        form->addRow(tr(v.label), placeholder);
+        auto* control = new CCoordinateCtrl(v.geogOnly, v.gridOnly);
+        control->CreateFromStatic(placeholder);
+        // A position near the survey area; a grid-only control has no coordinate system to
+        // convert with, so it gets the grid form itself.
+        if (v.gridOnly)
+            control->SetXY(500571.88, 5762891.96);
+        else
+            control->SetLatLon(52.0 + 1.0 / 60.0, 3.0 + 0.5 / 60.0);
+        control->SetReadOnly(v.readOnly);
+        control->setMinimumWidth(260);
+    }
+    for (bool readOnly : { false, true }) {
+        QLabel* placeholder = Placeholder(tr("Distance"), box);
+        placeholder->setMinimumHeight(24);
+        form->addRow(readOnly ? tr("Read-only distance:") : tr("Distance:"), placeholder);
+        auto* control = new DistanceCtrl;
+        control->CreateFromStatic(placeholder);
+        control->SetDistance(1852.0, true);
+        if (readOnly)
+            control->SetReadOnly();
+    }
+    return box;
+}
+
+CMeasureDlg* EntryPage::OpenMeasure(bool threeD)
+{
+    delete m_measure;
+    m_measure = new CMeasureDlg(this, &m_attributes, threeD);
+    m_measure->SetPrsConfiguration(&m_sizes);
+    m_measure->show();
+    Feed();
+    return m_measure;
+}
+
+MeasureRelativeDlg* EntryPage::OpenLineRelative()
+{
+    if (!m_relative) {
+        m_relative = new MeasureRelativeDlg(this, &m_attributes);
+        m_relative->SetPrsConfiguration(&m_sizes);
+    }
+    m_relative->show();
+    m_relative->SetStartPos(m_plan->RunLineStart());
+    m_relative->SetEndPos(m_plan->RunLineEnd());
+    m_relative->SetCurrentPos(m_plan->VesselPosition());
+    return m_relative;
+}
+
+CMeasureBrgDistDlg* EntryPage::OpenVesselBearing()
+{
+    if (!m_vessel) {
+        m_vessel = new CMeasureBrgDistDlg(this, &m_attributes);
+        m_vessel->SetPrsConfiguration(&m_sizes);
+    }
+    m_vessel->show();
+    m_vessel->SetFromPos(m_plan->VesselPosition());
+    if (m_pickCount > 0)
+        m_vessel->SetToPos(m_picks[m_pickCount - 1]);
+    return m_vessel;
+}
+
+void EntryPage::Pick(const Point& position)
+{
+    if (m_pickCount == 2 || m_pickCount == 0) {
+        m_picks[0] = position;
+        m_pickCount = 1;
+    } else {
+        m_picks[1] = position;
+        m_pickCount = 2;
+    }
+    m_plan->SetPicks(m_picks[0], m_picks[1], m_pickCount);
+    m_status->setText(m_pickCount == 1 ? tr("From: E %1  N %2  (click the second point)").arg(position.x, 0, 'f', 1).arg(position.y, 0, 'f', 1)
+                                       : tr("To: E %1  N %2").arg(position.x, 0, 'f', 1).arg(position.y, 0, 'f', 1));
+    Feed();
+    if (m_vessel)
+        m_vessel->SetToPos(position);
+}
+
+void EntryPage::Feed()
+{
+    if (!m_measure)
+        return;
+    if (m_pickCount == 1) {
+        m_measure->Clear();
+        m_measure->SetFromPos(m_picks[0]);
+    } else if (m_pickCount == 2) {
+        m_measure->SetFromPos(m_picks[0]);
+        m_measure->SetToPos(m_picks[1]);
+    }
+}

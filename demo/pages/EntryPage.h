@@ -1,0 +1,43 @@
+#pragma once
+// Gallery page of coordinate and distance entry and of the measuring dialogs: every variant of
+// the entry controls, and a plan view whose clicks feed the measuring dialogs.
+
+#include <QWidget>
+#include <QelAttributes/AttributeMap.h>
+#include <QelBase/FileObject.h>
+#include <QelBase/Point.h>
+#include <QPointer>
+
+class CMeasureBrgDistDlg;
+class CMeasureDlg;
+class MeasureRelativeDlg;
+class PlanView;
+class QLabel;
+
+class EntryPage : public QWidget {
+    Q_OBJECT
+public:
+    explicit EntryPage(QWidget* parent = nullptr);
+    ~EntryPage() override;
+
+    // Opens the measuring dialogs (as the page's buttons do); for screenshots.
+    CMeasureDlg* OpenMeasure(bool threeD);
+    MeasureRelativeDlg* OpenLineRelative();
+    CMeasureBrgDistDlg* OpenVesselBearing();
+    // Picks a grid position as a click on the plan view does.
+    void Pick(const Point& position);
+
+private:
+    QWidget* BuildEntryControls();
+    void Feed();
+
+    PlanView* m_plan = nullptr;
+    QLabel* m_status = nullptr;
+    CAttributeMap m_attributes;     // the host's remembered choices
+    FileObject m_sizes;             // the host's window sizes
+    Point m_picks[2];
+    int m_pickCount = 0;
+    QPointer<CMeasureDlg> m_measure;
+    QPointer<MeasureRelativeDlg> m_relative;
+    QPointer<CMeasureBrgDistDlg> m_vessel;
+};

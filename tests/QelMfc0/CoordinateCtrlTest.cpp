@@ -1,0 +1,293 @@
+// The coordinate control against the sample project (UTM zone 31N on WGS 84).
+#include "QelMfc0/controls/CoordinateCtrl.h"
+
+#include "../common/TestProject.h"
+
+#include <QelBase/DisplayScale.h>
+#include <QelConfigure/ProjectDefinition.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+using Ctrl = CCoordinateCtrl;
+
+class CoordinateCtrlTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_project.IsOpen());
+        SetDpiScale(1.0);
+        m_other = new QLineEdit(&m_host);
+    }
+    void TearDown() override { SetDpiScale(0.0); }
+
+    ProjectDefinition& project() { return *m_project.Project(); }
+    // A control in the host window, made after the test's project changes.
+    Ctrl* make(bool geogOnly = false, bool gridOnly = false)
+    {
+        auto* ctrl = new Ctrl(geogOnly, gridOnly);
+        EXPECT_TRUE(ctrl->Create(QRect(0, 40, 250, 46), &m_host, 1200));
+        return ctrl;
+    }
+    void activate(QWidget& window)
+    {
+        window.show();
+        window.activateWindow();
+        QApplication::setActiveWindow(&window);
+    }
+    static QStringList texts(const Ctrl& ctrl)
+    {
+        std::unique_ptr<QMenu> menu(ctrl.FormatMenu());
+        QStringList list;
+        for (const QAction* action : menu->actions())
+            list << action->text() + (action->isChecked() ? QStringLiteral("*") : QString());
+        return list;
+    }
+
+    TestProject m_project;
+    QWidget m_host;
+    QLineEdit* m_other = nullptr;
+};
+
+TEST_F(CoordinateCtrlTest, InitialFormatFollowsProjectAndModeFlags)
+{
+    EXPECT_EQ(make()->FormatType(), Ctrl::fmt_grid); // the sample project shows grid
+    EXPECT_EQ(make(true)->FormatType(), Ctrl::fmt_seconds);
+    project().SetCoordFormat(ProjectDefinition::COORD_GEOGRAPHIC);
+    project().SetGeogsFlags(3);
+    Ctrl* ctrl = make();
+    EXPECT_EQ(ctrl->FormatType(), Ctrl::fmt_minutes);
+    EXPECT_EQ(make(false, true)->FormatType(), Ctrl::fmt_grid);
+    // The coordinate system (on WGS 84) is taken only when no mode flag is given.
+    EXPECT_EQ(ctrl->FormatButton()->text(), QStringLiteral("Sat.\nLat/Lon"));
+    EXPECT_EQ(make(true)->FormatButton()->text(), QStringLiteral("Lat/Lon"));
+
+    Ctrl other;
+    other.SetGridOnly();
+    EXPECT_EQ(other.FormatType(), Ctrl::fmt_grid);
+    other.SetCoordinateFormat(5);
+    EXPECT_EQ(other.FormatType(), Ctrl::fmt_grid);
+    other.SetGeogGrid();
+    EXPECT_EQ(other.FormatType(), Ctrl::fmt_minutes);
+}
+
+TEST_F(CoordinateCtrlTest, DecimalsKeepTheResolutionAcrossFormats)
+{
+    const struct { int g; unsigned flags; Ctrl::format_type format; int expected; } cases[] = {
+        {1, 7, Ctrl::fmt_degrees, 5}, {1, 7, Ctrl::fmt_minutes, 3}, {1, 7, Ctrl::fmt_seconds, 1},
+        {1, 1, Ctrl::fmt_seconds, 0}, {5, 1, Ctrl::fmt_seconds, 1}, {1, 3, Ctrl::fmt_seconds, 0},
+        {3, 3, Ctrl::fmt_degrees, 5}, {6, 7, Ctrl::fmt_grid, 3},
+    };
+    project().SetGridDecimals(3);
+    for (const auto& c : cases) {
+        project().SetGeogsDecimals(c.g);
+        project().SetGeogsFlags(c.flags);
+        EXPECT_EQ(Ctrl().Decimals(c.format), c.expected) << c.g << ' ' << c.flags << ' ' << c.format;
+    }
+    Ctrl* ctrl = make(true); // g = 6, flags 7
+    ctrl->SetFormatType(Ctrl::fmt_degrees);
+    ctrl->SetLatLon(52.5, -3.25);
+    EXPECT_EQ(ctrl->Edit2()->text(), QStringLiteral("003.2500000000° W"));
+}
+
+TEST_F(CoordinateCtrlTest, PositionsConvertThroughTheProjectCrs)
+{
+    Ctrl* ctrl = make();
+    ctrl->SetLatLon(52.0, 3.0);
+    double x = 0, y = 0, latitude = 0, longitude = 0;
+    ASSERT_TRUE(ctrl->GetXY(x, y));
+    EXPECT_NEAR(x, 500000.0, 1e-3);
+    EXPECT_NEAR(y, 5761038.2126, 1e-3);
+    EXPECT_EQ(ctrl->Edit2()->text(), QStringLiteral("5761038.21"));
+
+    ctrl->SetXY(510000.0, 5800000.0);
+    ASSERT_TRUE(ctrl->GetLatLon(latitude, longitude));
+    EXPECT_NEAR(latitude, 52.3502021504, 1e-8);
+    EXPECT_NEAR(longitude, 3.1468137021, 1e-8);
+    ctrl->SetFormatType(Ctrl::fmt_seconds); // the other form of the same position
+    EXPECT_EQ(ctrl->Edit1()->text(), QStringLiteral("52°21'00.73\" N"));
+    ctrl->SetFormatType(Ctrl::fmt_grid);
+    EXPECT_EQ(ctrl->Edit1()->text(), QStringLiteral("510000.00"));
+
+    // Without a coordinate system the other pair keeps what was stored last.
+    Ctrl* plain = make(true);
+    plain->SetLatLon(52.0, 3.0);
+    ASSERT_TRUE(plain->GetXY(x, y));
+    EXPECT_EQ(x, 0.0);
+}
+
+TEST_F(CoordinateCtrlTest, TypingNotifiesAndFocusLeavingTheControlCommits)
+{
+    Ctrl* ctrl = make();
+    ctrl->SetXY(1000.0, 2000.0);
+    activate(m_host);
+    QSignalSpy changed(ctrl, &Ctrl::changed);
+    QSignalSpy committed(ctrl, &Ctrl::committed);
+
+    ctrl->Edit1()->setFocus();
+    ctrl->Edit1()->clear();
+    QTest::keyClicks(ctrl->Edit1(), QStringLiteral(" 1234.5xyz"));
+    EXPECT_EQ(changed.count(), 11);
+    double x = 0, y = 0;
+    ASSERT_TRUE(ctrl->GetXY(x, y)); // read again, not rewritten
+    EXPECT_EQ(x, 1234.5);
+    EXPECT_EQ(ctrl->Edit1()->text(), QStringLiteral(" 1234.5xyz"));
+
+    QTest::keyClick(ctrl->Edit1(), Qt::Key_Tab);
+    ASSERT_EQ(QApplication::focusWidget(), ctrl->Edit2());
+    EXPECT_EQ(committed.count(), 0);
+    m_other->setFocus();
+    ASSERT_EQ(QApplication::focusWidget(), m_other);
+    EXPECT_EQ(committed.count(), 1);
+    EXPECT_EQ(ctrl->Edit1()->text(), QStringLiteral("1234.50")); // normalised
+    EXPECT_EQ(changed.count(), 11);
+
+    ctrl->setFocus(); // lands on the button
+    EXPECT_EQ(QApplication::focusWidget(), ctrl->FormatButton());
+    ctrl->SelectEditBox1();
+    EXPECT_EQ(ctrl->Edit1()->selectedText(), QStringLiteral("1234.50"));
+}
+
+TEST_F(CoordinateCtrlTest, EmptyControlHoldsNothingAndDoesNotCommit)
+{
+    Ctrl* ctrl = make();
+    activate(m_host);
+    QSignalSpy committed(ctrl, &Ctrl::committed);
+    ctrl->Edit1()->setFocus();
+    QTest::keyClicks(ctrl->Edit1(), QStringLiteral("12"));
+    m_other->setFocus();
+    EXPECT_EQ(committed.count(), 0);
+    double x = 5, y = 6;
+    EXPECT_FALSE(ctrl->GetXY(x, y));
+    EXPECT_EQ(x, 5.0);
+
+    ctrl->SetLatLon(1.0, 2.0);
+    ctrl->Clear();
+    EXPECT_TRUE(ctrl->Edit1()->text().isEmpty());
+    EXPECT_FALSE(ctrl->GetLatLon(x, y));
+    ctrl->SetFormatType(Ctrl::fmt_minutes); // neither reads nor shows
+    EXPECT_TRUE(ctrl->Edit1()->text().isEmpty());
+}
+
+TEST_F(CoordinateCtrlTest, GridTextIsReadAsFeetOnlyForTheFootUnit)
+{
+    project().SetFeetsFlags(1);
+    project().GetUnitCnv().SetUnit(1, QStringLiteral("ft"));
+    Ctrl* feet = make(false, true);
+    project().GetUnitCnv().SetUnit(1, QStringLiteral("ftUS"));
+    Ctrl* other = make(false, true);
+    const struct { const char* text; double asFeet, leading; } cases[] = {
+        {"12' 06\"", 12.5, 12.0}, {"12,5", 12.5, 12.0}, {" -3.5e2m", -350.0, -350.0},
+        {"+.25", 0.25, 0.25},     {"abc", 0.0, 0.0},    {"--5", 0.0, 0.0}, {"1e999", 0.0, 0.0},
+    };
+    double x = 0, y = 0;
+    for (const auto& c : cases) {
+        for (Ctrl* ctrl : {feet, other}) {
+            ctrl->SetXY(1.0, 1.0);
+            ctrl->Edit1()->setText(QString::fromUtf8(c.text));
+            ASSERT_TRUE(ctrl->GetXY(x, y));
+            EXPECT_EQ(x, ctrl == feet ? c.asFeet : c.leading) << c.text;
+        }
+    }
+}
+
+TEST_F(CoordinateCtrlTest, FormatMenuOffersTheAllowedFormatsAndAlwaysNotifies)
+{
+    const QString degrees = QStringLiteral("Lat/Lon (°)"), minutes = QStringLiteral("Lat/Lon (° ')"),
+                  seconds = QStringLiteral("Lat/Lon (° ' \")"), grid = QStringLiteral("X/Y");
+    Ctrl* ctrl = make();
+    EXPECT_EQ(texts(*ctrl), (QStringList{degrees, minutes, seconds, grid + "*"}));
+    EXPECT_EQ(texts(*make(true)), (QStringList{degrees, minutes, seconds + "*"}));
+    EXPECT_EQ(texts(*make(false, true)), QStringList{grid + "*"});
+
+    ctrl->SetXY(500000.0, 5761038.2126);
+    QSignalSpy chosen(ctrl, &Ctrl::formatChosen);
+    ctrl->ChooseFormat(Ctrl::kCmdGrid); // the current one
+    EXPECT_EQ(chosen.count(), 1);
+    ctrl->SetFormatType(Ctrl::fmt_degrees); // silent
+    EXPECT_EQ(chosen.count(), 1);
+
+    // The button's popup, picked by keyboard.
+    activate(m_host);
+    QTimer::singleShot(0, ctrl, [] {
+        if (auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
+            popup->setActiveAction(popup->actions().at(1));
+            QTest::keyClick(popup, Qt::Key_Return);
+        }
+    });
+    QTest::mouseClick(ctrl->FormatButton(), Qt::LeftButton);
+    EXPECT_EQ(ctrl->FormatType(), Ctrl::fmt_minutes);
+    EXPECT_EQ(chosen.count(), 2);
+    EXPECT_EQ(ctrl->Edit1()->text(), QStringLiteral("52°00.0000' N"));
+}
+
+TEST_F(CoordinateCtrlTest, ExamplesTooltipFollowsFormatAndReadOnly)
+{
+    const QString lines = QStringLiteral("056") + QChar(0xB030) + QStringLiteral("'07.2\" N\n56 30 7.2 N\n56.502 N");
+    Ctrl* ctrl = make(true);
+    for (const QString& line : lines.split(u'\n')) {
+        EXPECT_TRUE(ctrl->Edit1()->toolTip().contains(line)) << line.toStdString();
+        EXPECT_TRUE(ctrl->Edit2()->toolTip().contains(QString(line).replace(u'N', u'E')));
+    }
+    ctrl->SetReadOnly(true);
+    EXPECT_TRUE(ctrl->Edit1()->isReadOnly());
+    EXPECT_TRUE(ctrl->Edit1()->toolTip().isEmpty());
+
+    Ctrl* grid = make();
+    EXPECT_TRUE(grid->Edit1()->toolTip().isEmpty());
+    grid->SetReadOnly(false); // on regardless of the format
+    EXPECT_FALSE(grid->Edit1()->toolTip().isEmpty());
+    grid->SetFormatType(Ctrl::fmt_degrees);
+    grid->SetFormatType(Ctrl::fmt_grid); // the usual rule again
+    EXPECT_TRUE(grid->Edit1()->toolTip().isEmpty());
+}
+
+TEST_F(CoordinateCtrlTest, CreateFromStaticTakesLayoutSlotAndTabOrder)
+{
+    QWidget dialog;
+    auto* layout = new QVBoxLayout(&dialog);
+    auto* before = new QLineEdit(&dialog);
+    auto* placeholder = new QLabel(QStringLiteral("Position"), &dialog);
+    placeholder->setObjectName(QStringLiteral("position"));
+    auto* after = new QLineEdit(&dialog);
+    for (QWidget* w : {static_cast<QWidget*>(before), static_cast<QWidget*>(placeholder), static_cast<QWidget*>(after)})
+        layout->addWidget(w);
+
+    Ctrl* ctrl = new Ctrl();
+    EXPECT_FALSE(ctrl->CreateFromStatic(QStringLiteral("missing"), &dialog));
+    ASSERT_TRUE(ctrl->CreateFromStatic(QStringLiteral("position"), &dialog));
+    EXPECT_EQ(layout->indexOf(ctrl), 1);
+    EXPECT_EQ(dialog.findChild<QLabel*>(), nullptr);
+
+    activate(dialog);
+    before->setFocus();
+    QList<QWidget*> visited;
+    for (int i = 0; i < 4; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        visited << QApplication::focusWidget();
+    }
+    EXPECT_EQ(visited, (QList<QWidget*>{ctrl->FormatButton(), ctrl->Edit1(), ctrl->Edit2(), after}));
+
+    // The children follow the pixel rules when the control is resized.
+    ctrl->resize(300, 61);
+    EXPECT_EQ(ctrl->FormatButton()->geometry(), QRect(0, 0, 54, 61));
+    EXPECT_EQ(ctrl->Edit1()->geometry(), QRect(56, 0, 244, 29));
+    EXPECT_EQ(ctrl->Edit2()->geometry(), QRect(56, 31, 244, 30));
+}
+
+} // namespace

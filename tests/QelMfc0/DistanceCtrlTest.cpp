@@ -1,0 +1,276 @@
+// The distance control: units from the units file, the project's unit preselected, converted
+// display, the unit menu, notifications, focus and placement from a placeholder.
+#include <QelMfc0/controls/DistanceCtrl.h>
+
+#include <QelBase/DisplayScale.h>
+#include <QelBase/GeoText.h>
+#include <QelBase/QelUnitCnv.h>
+#include <QelConfigure/ProjectDefinition.h>
+#include <common/TestProject.h>
+
+#include <QApplication>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <stdexcept>
+
+namespace {
+
+constexpr int kNM = DistanceCtrl::kFirstUnitCommand + 8; // Group2: m km cm mm ft ftUS yd fathom NM mi
+
+struct Spies
+{
+    explicit Spies(DistanceCtrl& c)
+        : changed(&c, &DistanceCtrl::changed), unit(&c, &DistanceCtrl::unitChosen),
+          committed(&c, &DistanceCtrl::committed) {}
+    int total() const { return int(changed.count() + unit.count() + committed.count()); }
+    QSignalSpy changed, unit, committed;
+};
+
+class DistanceCtrlTest : public ::testing::Test
+{
+protected:
+    void SetUp() override { ASSERT_TRUE(project.IsOpen()); }
+    void WriteUnits(const QByteArray& group2)
+    {
+        QFile file(project.CommonFolder() + QStringLiteral("/Units.def"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write("[Group2]\n" + group2);
+    }
+    TestProject project;
+};
+
+} // namespace
+
+TEST_F(DistanceCtrlTest, ReadsTheDistanceGroupAndPreselectsTheProjectUnit)
+{
+    DistanceCtrl metres;
+    QStringList keys;
+    for (const DistanceCtrl::Unit& u : metres.Units())
+        keys << u.key;
+    EXPECT_EQ(keys.join(u','), QStringLiteral("m,km,cm,mm,ft,ftUS,yd,fathom,NM,mi"));
+    EXPECT_EQ(metres.Units()[7].abbreviation, QStringLiteral("fm"));
+    EXPECT_EQ(metres.DistUnit(), QStringLiteral("m"));
+
+    // The value is held in the project's unit: feet here, so 1 m is 1/0.3048 of it.
+    project.Project()->GetUnitCnv().SetUnit(1, QStringLiteral("ft"));
+    DistanceCtrl feet;
+    QString key;
+    feet.GetDistUnit(key);
+    EXPECT_EQ(key, QStringLiteral("ft"));
+    EXPECT_EQ(feet.CurrentUnit(), 4);
+    feet.SetDistance(1.0 / 0.3048, true);
+    EXPECT_EQ(feet.Edit()->text(), QStringLiteral("3.28 ft"));
+    feet.SetDistUnit(QStringLiteral("m"));
+    EXPECT_EQ(feet.Edit()->text(), QStringLiteral("1.00 m"));
+}
+
+TEST_F(DistanceCtrlTest, LaterEqualKeyWinsUnknownProjectUnitGivesTheFirstAndOffsetsApply)
+{
+    WriteUnits("km = Kilometres; 1000; 0; km\nm = Metres; 1; 0; m\nm = Metres again; 1; 10; mx\n"
+               "bad = no fields\n");
+    project.Project()->SetDistanceDecimals(3);
+    DistanceCtrl ctrl;
+    ASSERT_EQ(ctrl.Units().size(), 3);
+    EXPECT_EQ(ctrl.CurrentUnit(), 2);
+    ctrl.SetDistance(12.5, true);
+    EXPECT_EQ(ctrl.Edit()->text(), QStringLiteral("2.500 mx"));
+
+    project.Project()->GetUnitCnv().SetUnit(1, QStringLiteral("yd"));
+    EXPECT_EQ(DistanceCtrl().CurrentUnit(), 0);
+}
+
+TEST_F(DistanceCtrlTest, ConvertedAndUnconvertedTextAndNoSignalsFromTheApi)
+{
+    DistanceCtrl ctrl;
+    Spies spies(ctrl);
+    double value = -1.0;
+    EXPECT_FALSE(ctrl.GetDistance(value));
+    EXPECT_EQ(value, -1.0);
+    ctrl.SetDistUnit(QStringLiteral("NM"));
+    ctrl.SetDistance(1852.0, true);
+    EXPECT_EQ(ctrl.Edit()->text(), QStringLiteral("1.00 NM"));
+    for (const double v : {1852.0, -0.004, 1234.5678}) {
+        ctrl.SetDistance(v, false);
+        EXPECT_EQ(ctrl.Edit()->text(), FormatDouble(v, 2, 0) + u' ');
+        EXPECT_TRUE(ctrl.GetDistance(value));
+        EXPECT_EQ(value, v);
+    }
+    EXPECT_EQ(ctrl.FormatDistance(926.0, true), QStringLiteral("0.50 NM"));
+    EXPECT_EQ(ctrl.Edit()->text(), FormatDouble(1234.5678, 2, 0) + u' ');
+
+    ctrl.SetDistUnit(QStringLiteral("nm")); // keys are exact
+    EXPECT_EQ(ctrl.DistUnit(), QStringLiteral("NM"));
+    EXPECT_EQ(ctrl.Edit()->text(), FormatDouble(1234.5678, 2, 0) + u' ');
+    ctrl.Clear();
+    EXPECT_TRUE(ctrl.Edit()->text().isEmpty());
+    EXPECT_FALSE(ctrl.GetDistance(value));
+    EXPECT_EQ(spies.total(), 0);
+}
+
+TEST_F(DistanceCtrlTest, TypingNotifiesButIsNeverParsed)
+{
+    DistanceCtrl ctrl;
+    Spies spies(ctrl);
+    ctrl.SetDistance(5.0, true);
+    ctrl.Clear();
+    QTest::keyClicks(ctrl.Edit(), QStringLiteral("12"));
+    EXPECT_EQ(spies.changed.count(), 2);
+    double value = 0.0;
+    EXPECT_TRUE(ctrl.GetDistance(value)); // typing cleared empty, the value stays
+    EXPECT_EQ(value, 5.0);
+
+    ctrl.SetReadOnly();
+    QTest::keyClicks(ctrl.Edit(), QStringLiteral("3"));
+    EXPECT_EQ(ctrl.Edit()->text(), QStringLiteral("12"));
+    EXPECT_EQ(spies.changed.count(), 2);
+}
+
+TEST_F(DistanceCtrlTest, UnitMenuAndChoosingAUnit)
+{
+    DistanceCtrl ctrl;
+    ctrl.SetDistance(1852.0, true);
+    Spies spies(ctrl);
+    const std::unique_ptr<QMenu> menu(ctrl.UnitMenu());
+    ASSERT_EQ(menu->actions().size(), 10);
+    for (int i = 0; i < 10; ++i) {
+        const QAction* a = menu->actions()[i];
+        EXPECT_EQ(a->data().toInt(), DistanceCtrl::kFirstUnitCommand + i);
+        EXPECT_EQ(a->text(), ctrl.Units()[i].menuText);
+        EXPECT_EQ(a->isChecked(), i == 0);
+    }
+    for (const int command : {DistanceCtrl::kFirstUnitCommand, 38999, 39010, 0})
+        ctrl.ChooseUnit(command);
+    EXPECT_EQ(spies.total(), 0);
+    EXPECT_EQ(ctrl.Edit()->text(), QStringLiteral("1852.00 m"));
+
+    // Through the button, as the user does it: the current unit does nothing, NM re-shows.
+    for (const int pick : {0, 8}) {
+        QTimer::singleShot(0, [pick] {
+            if (auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
+                popup->setActiveAction(popup->actions().value(pick));
+                QTest::keyClick(popup, Qt::Key_Return);
+            }
+        });
+        QTest::mouseClick(ctrl.UnitButton(), Qt::LeftButton);
+    }
+    EXPECT_EQ(spies.unit.count(), 1);
+    EXPECT_EQ(spies.changed.count(), 0);
+    EXPECT_EQ(ctrl.DistUnit(), QStringLiteral("NM"));
+    EXPECT_EQ(ctrl.Edit()->text(), QStringLiteral("1.00 NM"));
+    EXPECT_TRUE(std::unique_ptr<QMenu>(ctrl.UnitMenu())->actions()[8]->isChecked());
+
+    ctrl.Clear(); // an empty control changes unit without showing anything
+    ctrl.ChooseUnit(DistanceCtrl::kFirstUnitCommand + 1);
+    EXPECT_EQ(spies.unit.count(), 2);
+    EXPECT_TRUE(ctrl.Edit()->text().isEmpty());
+}
+
+TEST_F(DistanceCtrlTest, MissingUnitsFileGivesNoUnitsAndConvertingThrows)
+{
+    ASSERT_TRUE(QFile::remove(project.CommonFolder() + QStringLiteral("/Units.def")));
+    DistanceCtrl ctrl;
+    Spies spies(ctrl);
+    EXPECT_TRUE(ctrl.Units().isEmpty());
+    EXPECT_TRUE(ctrl.DistUnit().isEmpty());
+    QString key = QStringLiteral("kept");
+    EXPECT_THROW(ctrl.GetDistUnit(key), std::invalid_argument);
+    EXPECT_THROW(ctrl.FormatDistance(1.0, true), std::invalid_argument);
+    EXPECT_THROW(ctrl.SetDistance(1.0, true), std::invalid_argument);
+    double value = 0.0;
+    EXPECT_FALSE(ctrl.GetDistance(value)); // the failed set changed nothing
+    ctrl.SetDistance(2.0, false);
+    EXPECT_EQ(ctrl.Edit()->text(), QStringLiteral("2.00 "));
+    EXPECT_TRUE(std::unique_ptr<QMenu>(ctrl.UnitMenu())->actions().isEmpty());
+    ctrl.ChooseUnit(DistanceCtrl::kFirstUnitCommand);
+    QTimer::singleShot(0, [] {
+        if (QWidget* popup = QApplication::activePopupWidget())
+            popup->close();
+    });
+    QTest::mouseClick(ctrl.UnitButton(), Qt::LeftButton);
+    EXPECT_EQ(spies.total(), 0);
+    EXPECT_EQ(ctrl.Edit()->text(), QStringLiteral("2.00 "));
+}
+
+TEST_F(DistanceCtrlTest, PlacementFocusAndCommitOnLeaving)
+{
+    QWidget dialog;
+    auto* layout = new QVBoxLayout(&dialog);
+    auto* before = new QLineEdit(&dialog);
+    auto* placeholder = new QLabel(QStringLiteral("Dist."), &dialog);
+    placeholder->setObjectName(QStringLiteral("distance"));
+    auto* after = new QLineEdit(&dialog);
+    layout->addWidget(before);
+    layout->addWidget(placeholder);
+    layout->addWidget(after);
+    auto* ctrl = new DistanceCtrl;
+    EXPECT_FALSE(ctrl->CreateFromStatic(QStringLiteral("nothing"), &dialog));
+    ASSERT_TRUE(ctrl->CreateFromStatic(QStringLiteral("distance"), &dialog));
+    EXPECT_EQ(ctrl->UnitButton()->text(), QStringLiteral("Dist."));
+    EXPECT_EQ(layout->indexOf(ctrl), 1);
+    EXPECT_EQ(dialog.findChild<QLabel*>(), nullptr);
+
+    dialog.resize(300, 200);
+    dialog.show();
+    dialog.activateWindow();
+    QApplication::setActiveWindow(&dialog);
+    EXPECT_EQ(ctrl->UnitButton()->geometry(), QRect(0, 0, DpiCor(54), ctrl->height()));
+    EXPECT_EQ(ctrl->Edit()->geometry(), QRect(DpiCor(56), 0, ctrl->width() - DpiCor(56), ctrl->height()));
+
+    ctrl->setFocus();
+    EXPECT_EQ(QApplication::focusWidget(), ctrl->UnitButton());
+    before->setFocus();
+    const QList<QWidget*> chain{before, ctrl->UnitButton(), ctrl->Edit(), after};
+    for (qsizetype i = 1; i < chain.size(); ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(QApplication::focusWidget(), chain[i]);
+    }
+    for (qsizetype i = chain.size() - 2; i >= 0; --i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+        EXPECT_EQ(QApplication::focusWidget(), chain[i]);
+    }
+
+    Spies spies(*ctrl);
+    ctrl->Edit()->setFocus();
+    after->setFocus(); // empty: nothing to commit
+    ctrl->SetDistance(10.0, true);
+    ctrl->Edit()->setFocus();
+    ctrl->Edit()->selectAll();
+    QTest::keyClicks(ctrl->Edit(), QStringLiteral("99"));
+    after->setFocus();
+    EXPECT_EQ(spies.committed.count(), 1);
+    EXPECT_EQ(ctrl->Edit()->text(), QStringLiteral("99")); // not re-read, not re-formatted
+    double value = 0.0;
+    EXPECT_TRUE(ctrl->GetDistance(value));
+    EXPECT_EQ(value, 10.0);
+}
+
+TEST_F(DistanceCtrlTest, CreateAtARectangleAndFonts)
+{
+    QWidget parent;
+    DistanceCtrl ctrl;
+    EXPECT_FALSE(ctrl.Create(QRect(0, 0, 10, 10), nullptr, 7));
+    ASSERT_TRUE(ctrl.Create(QRect(10, 20, 200, 30), &parent, 7));
+    EXPECT_EQ(ctrl.Id(), 7);
+    EXPECT_EQ(ctrl.geometry(), QRect(10, 20, 200, 30));
+    parent.show(); // a hidden widget gets its resize event when shown
+    ctrl.resize(120, 40);
+    EXPECT_EQ(ctrl.Edit()->geometry(), QRect(DpiCor(56), 0, 120 - DpiCor(56), 40));
+
+    QFont big = ctrl.Edit()->font();
+    big.setPointSize(big.pointSize() + 7);
+    ctrl.SetFontBox(&big);
+    EXPECT_TRUE(ctrl.Edit()->font() == big && ctrl.UnitButton()->font() != big);
+    ctrl.SetFontBox(nullptr);
+    EXPECT_EQ(ctrl.Edit()->font(), QApplication::font(ctrl.Edit()));
+}

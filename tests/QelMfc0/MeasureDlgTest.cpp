@@ -1,0 +1,474 @@
+// The measuring dialogs: what they compute from the host's positions, what they remember in the
+// attribute map and the configuration file, and that only the close button closes them.
+#include <common/TestProject.h>
+
+#include <QelAttributes/AttributeMap.h>
+#include <QelBase/DisplayScale.h>
+#include <QelBase/FileObject.h>
+#include <QelConfigure/DataSearch.h>
+#include <QelConfigure/ProjectDefinition.h>
+#include <QelConfigure/QelFormatter.h>
+#include <QelMfc0/StringTable.h>
+#include <QelMfc0/controls/CoordinateCtrl.h>
+#include <QelMfc0/controls/DistanceCtrl.h>
+#include <QelMfc0/dialogs/MeasureBrgDistDlg.h>
+#include <QelMfc0/dialogs/MeasureDlg.h>
+#include <QelMfc0/dialogs/MeasureRelativeDlg.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <memory>
+
+namespace {
+
+// A UTM 31N position on the zone's central meridian (3°E), in the North Sea.
+const Point kOrigin(500000.0, 6000000.0);
+
+Point Offset(double dx, double dy, double dz = 0.0)
+{
+    return Point(kOrigin.x + dx, kOrigin.y + dy, kOrigin.z + dz);
+}
+
+double ScaleFactor(const Point& a, const Point& b)
+{
+    return DataSearch::GetDataSearch().GetProjectDefinition()->GetGeoCoordSys()->GetScaleFactor(
+        a.x, a.y, b.x, b.y);
+}
+
+double Shown(const DistanceCtrl* control)
+{
+    double value = std::nan("");
+    EXPECT_TRUE(control->GetDistance(value));
+    return value;
+}
+
+int UnitIndex(const DistanceCtrl* control, const QString& key)
+{
+    const auto& units = control->Units();
+    for (int i = 0; i < units.size(); ++i) {
+        if (units[i].key == key)
+            return i;
+    }
+    return -1;
+}
+
+QString Bearing(double degrees) { return QelFormatter().FormatBearing(degrees); }
+
+class MeasureDlgTest : public ::testing::Test
+{
+protected:
+    void SetUp() override { ASSERT_TRUE(m_project.IsOpen()); }
+
+    TestProject m_project;
+    CAttributeMap m_attributes;
+};
+
+} // namespace
+
+TEST_F(MeasureDlgTest, BearingAndDistanceInEveryQuadrant)
+{
+    CMeasureDlg dlg(nullptr, &m_attributes, false, true, true);
+    const struct { double dx, dy, bearing; } cases[] = {
+        { 3, 4, 36.8698976458 }, { 3, -4, 143.1301023542 },
+        { -3, -4, 216.8698976458 }, { -3, 4, 323.1301023542 },
+        { 0, 5, 0.0 }, { 5, 0, 90.0 }, { 0, -5, 180.0 }, { -5, 0, 270.0 },
+    };
+    dlg.SetFromPos(kOrigin);
+    for (const auto& c : cases) {
+        dlg.SetToPos(Offset(c.dx, c.dy));
+        double distance = 0, bearing = 0;
+        dlg.GetDistanceAndBearing(distance, bearing);
+        EXPECT_NEAR(bearing, c.bearing, 1e-9) << c.dx << "," << c.dy;
+        EXPECT_NEAR(distance, 5.0, 1e-9);
+        EXPECT_EQ(dlg.FieldText(CMeasureDlg::kBearingId), Bearing(c.bearing));
+        EXPECT_NEAR(Shown(dlg.DistanceControl()), 5.0, 1e-9);
+    }
+}
+
+TEST_F(MeasureDlgTest, SlopeModeShowsTheAngleFromTheHorizontal)
+{
+    CMeasureDlg dlg(nullptr, nullptr, false, true, true);
+    dlg.SetSlope(true);
+    EXPECT_EQ(dlg.findChild<QLabel*>(QStringLiteral("6677"))->text(),
+              LoadQelString(QelStrings::SLOPE_LABEL));
+    const struct { double dx, dy; QString shown; } cases[] = {
+        { 1, 1, Bearing(45) },                         // bearing 45
+        { 1, -1, QLatin1Char('-') + Bearing(45) },     // 135
+        { -1, -1, QLatin1Char('-') + Bearing(45) },    // 225
+        { -1, 1, Bearing(45) },                        // 315
+        { 2, -1, QLatin1Char('-') + Bearing(26.5650511771) },
+        { 0, 1, Bearing(90) },
+    };
+    dlg.SetFromPos(kOrigin);
+    for (const auto& c : cases) {
+        dlg.SetToPos(Offset(c.dx, c.dy));
+        EXPECT_EQ(dlg.FieldText(CMeasureDlg::kBearingId), c.shown) << c.dx << "," << c.dy;
+        double distance = 0, bearing = 0;
+        dlg.GetDistanceAndBearing(distance, bearing); // the plain bearing, whatever the mode
+        EXPECT_NEAR(bearing, std::atan2(c.dx, c.dy) * 180 / M_PI + (c.dx < 0 ? 360 : 0), 1e-9);
+    }
+}
+
+TEST_F(MeasureDlgTest, ThreeDDistanceElevationAndHeightDifference)
+{
+    CMeasureDlg dlg(nullptr, nullptr, true, true, true);
+    dlg.SetFromPos(Offset(0, 0, 10));
+    dlg.SetToPos(Offset(3, 4, 22));
+    EXPECT_NEAR(Shown(dlg.DistanceControl()), 13.0, 1e-9);
+    EXPECT_EQ(dlg.FieldText(CMeasureDlg::kElevationId), Bearing(std::atan(12.0 / 5.0) * 180 / M_PI));
+    EXPECT_EQ(dlg.FieldText(CMeasureDlg::kFromAltitudeId), QelFormatter().FormatDepth(10, true, true));
+    EXPECT_EQ(dlg.FieldText(CMeasureDlg::kToAltitudeId), QelFormatter().FormatDepth(22, true, true));
+
+    dlg.SetToPos(Offset(3, 4, -2)); // going down: a negative elevation, not 292.6°
+    EXPECT_EQ(dlg.FieldText(CMeasureDlg::kElevationId),
+              QLatin1Char('-') + Bearing(std::atan(12.0 / 5.0) * 180 / M_PI));
+    dlg.SetToPos(Offset(0, 0, 30)); // straight up
+    EXPECT_EQ(dlg.FieldText(CMeasureDlg::kElevationId), Bearing(90));
+    dlg.SetToPos(Offset(0, 0, 10)); // the same point: no distance, no elevation
+    EXPECT_NEAR(Shown(dlg.DistanceControl()), 0.0, 0.0);
+    EXPECT_EQ(dlg.FieldText(CMeasureDlg::kElevationId), Bearing(0));
+
+    dlg.SetShowZdiff(true);
+    EXPECT_EQ(dlg.findChild<QLabel*>(QStringLiteral("6821"))->text(), LoadQelString(QelStrings::ZDIFF_LABEL));
+    dlg.SetToPos(Offset(3, 4, 22));
+    EXPECT_EQ(dlg.FieldText(CMeasureDlg::kElevationId), QelFormatter().FormatDepth(12, true, true));
+    EXPECT_TRUE(dlg.FieldText(CMeasureDlg::kElevationId).startsWith(QLatin1Char('+')));
+}
+
+TEST_F(MeasureDlgTest, FromPointAloneShowsPositionAndAltitudeOnly)
+{
+    CMeasureDlg dlg(nullptr, nullptr, true);
+    dlg.SetFromPos(Offset(12.5, -7.25, 3));
+    double x = 0, y = 0;
+    ASSERT_TRUE(dlg.FromControl()->GetXY(x, y));
+    EXPECT_NEAR(x, kOrigin.x + 12.5, 1e-6);
+    EXPECT_NEAR(y, kOrigin.y - 7.25, 1e-6);
+    EXPECT_EQ(dlg.FieldText(CMeasureDlg::kFromAltitudeId), QelFormatter().FormatDepth(3, true, true));
+    double distance = 0;
+    EXPECT_FALSE(dlg.DistanceControl()->GetDistance(distance));
+    for (int id : { CMeasureDlg::kBearingId, CMeasureDlg::kElevationId, CMeasureDlg::kToFirstId,
+                    CMeasureDlg::kToSecondId, CMeasureDlg::kToAltitudeId })
+        EXPECT_TRUE(dlg.FieldText(id).isEmpty()) << id;
+}
+
+TEST_F(MeasureDlgTest, GridDistancesBecomeTrueDistancesUnlessTold)
+{
+    const Point from = kOrigin;
+    const Point to = Offset(1000, 0);
+    const double k = ScaleFactor(from, to);
+    ASSERT_NEAR(k, 0.9996, 1e-6); // UTM on its central meridian
+
+    CMeasureDlg corrected(nullptr, nullptr, false, true, false);
+    corrected.SetFromPos(from);
+    corrected.SetToPos(to);
+    EXPECT_NEAR(Shown(corrected.DistanceControl()), 1000.0 / k, 1e-9);
+    double distance = 0, bearing = 0;
+    corrected.GetDistanceAndBearing(distance, bearing);
+    EXPECT_DOUBLE_EQ(distance, 1000.0); // the grid distance, always
+
+    CMeasureDlg plain(nullptr, nullptr, false, true, true);
+    plain.SetFromPos(from);
+    plain.SetToPos(to);
+    EXPECT_DOUBLE_EQ(Shown(plain.DistanceControl()), 1000.0);
+
+    // Far off the meridian the grid is too long, and the correction shortens it.
+    const Point east = Offset(300000, 0);
+    CMeasureBrgDistDlg brgDist(nullptr, nullptr);
+    brgDist.SetFromPos(east);
+    brgDist.SetToPos(Point(east.x, east.y + 1000));
+    EXPECT_LT(Shown(brgDist.DistanceControl()), 1000.0);
+    EXPECT_NEAR(Shown(brgDist.DistanceControl()), 1000.0 / ScaleFactor(east, Point(east.x, east.y + 1000)), 1e-9);
+}
+
+TEST_F(MeasureDlgTest, UnusablePositionsAreNotScaled)
+{
+    // Far outside the projection's domain the scale factor is 0: the grid distance stays.
+    CMeasureDlg dlg(nullptr, nullptr);
+    const Point from(1e12, 1e12), to(1e12 + 30, 1e12 + 40);
+    dlg.SetFromPos(from);
+    dlg.SetToPos(to);
+    const double k = ScaleFactor(from, to);
+    ASSERT_FALSE(std::isfinite(k) && k > 0.0) << "the positions must be outside the projection";
+    EXPECT_DOUBLE_EQ(Shown(dlg.DistanceControl()), 50.0);
+    CMeasureBrgDistDlg brgDist;
+    brgDist.SetFromPos(from);
+    brgDist.SetToPos(to);
+    EXPECT_DOUBLE_EQ(Shown(brgDist.DistanceControl()), 50.0);
+    MeasureRelativeDlg relative;
+    relative.SetStartPos(from);
+    relative.SetEndPos(Point(from.x, from.y + 100));
+    relative.SetCurrentPos(Point(from.x - 5, from.y + 40));
+    EXPECT_DOUBLE_EQ(Shown(relative.FromStartControl()), 40.0);
+    EXPECT_DOUBLE_EQ(Shown(relative.OffTrackControl()), 5.0);
+    EXPECT_DOUBLE_EQ(Shown(relative.ToEndControl()), 60.0);
+}
+
+TEST_F(MeasureDlgTest, NotSelectableFixesGridAndShowsUnconverted)
+{
+    CMeasureDlg dlg(nullptr, &m_attributes, false, false, true);
+    EXPECT_EQ(dlg.FromControl()->FormatType(), CCoordinateCtrl::fmt_grid);
+    EXPECT_TRUE(dlg.IsGridOnly());
+    EXPECT_FALSE(dlg.FromControl()->isEnabled());
+    EXPECT_FALSE(dlg.DistanceControl()->isEnabled());
+    dlg.SetFromPos(kOrigin);
+    dlg.SetToPos(Offset(30, 40));
+    EXPECT_EQ(dlg.DistanceControl()->Edit()->text(), dlg.DistanceControl()->FormatDistance(50, false));
+    dlg.SetCoordFormat(CCoordinateCtrl::fmt_degrees); // no geographic format in a grid-only dialog
+    EXPECT_EQ(dlg.FromControl()->FormatType(), CCoordinateCtrl::fmt_grid);
+    EXPECT_EQ(m_attributes.FindValue(QStringLiteral("MeasureCoordFormat")), nullptr);
+}
+
+TEST_F(MeasureDlgTest, ChosenFormatAndUnitAreFollowedAndRemembered)
+{
+    CMeasureDlg dlg(nullptr, &m_attributes);
+    dlg.SetFromPos(kOrigin);
+    const Point to = Offset(300, 400);
+    dlg.SetToPos(to);
+    const QString gridFirst = dlg.FieldText(CMeasureDlg::kToFirstId);
+
+    dlg.FromControl()->ChooseFormat(CCoordinateCtrl::kCmdDegrees);
+    QString first, second;
+    dlg.FromControl()->FormatXY(to.x, to.y, first, second);
+    EXPECT_NE(first, gridFirst);
+    EXPECT_EQ(dlg.FieldText(CMeasureDlg::kToFirstId), first);
+    EXPECT_EQ(dlg.FieldText(CMeasureDlg::kToSecondId), second);
+    ASSERT_NE(m_attributes.FindValue(QStringLiteral("MeasureCoordFormat")), nullptr);
+    EXPECT_EQ(m_attributes.FindValue(QStringLiteral("MeasureCoordFormat"))->GetInt(), CCoordinateCtrl::fmt_degrees);
+
+    DistanceCtrl* distance = dlg.DistanceControl();
+    const int feet = UnitIndex(distance, QStringLiteral("ft"));
+    ASSERT_GE(feet, 0);
+    distance->ChooseUnit(DistanceCtrl::kFirstUnitCommand + feet);
+    ASSERT_NE(m_attributes.FindValue(QStringLiteral("MeasureDistUnit")), nullptr);
+    EXPECT_EQ(m_attributes.FindValue(QStringLiteral("MeasureDistUnit"))->GetString(), QStringLiteral("ft"));
+    EXPECT_TRUE(distance->Edit()->text().endsWith(QStringLiteral("ft")));
+
+    // Clear forgets the positions and puts the remembered choices back.
+    distance->SetDistUnit(QStringLiteral("m"));
+    dlg.FromControl()->SetFormatType(CCoordinateCtrl::fmt_grid);
+    dlg.Clear();
+    EXPECT_EQ(distance->DistUnit(), QStringLiteral("ft"));
+    EXPECT_EQ(dlg.FromControl()->FormatType(), CCoordinateCtrl::fmt_degrees);
+    EXPECT_TRUE(dlg.FromControl()->IsEmpty());
+    EXPECT_TRUE(dlg.FieldText(CMeasureDlg::kToFirstId).isEmpty());
+    double value = 0;
+    EXPECT_FALSE(distance->GetDistance(value));
+    dlg.SetToPos(to); // the to point alone computes nothing
+    EXPECT_FALSE(distance->GetDistance(value));
+
+    // Every measuring dialog opens with the shared choices.
+    CMeasureDlg again(nullptr, &m_attributes);
+    EXPECT_EQ(again.DistanceControl()->DistUnit(), QStringLiteral("ft"));
+    EXPECT_EQ(again.FromControl()->FormatType(), CCoordinateCtrl::fmt_degrees);
+    MeasureRelativeDlg relative(nullptr, &m_attributes);
+    EXPECT_EQ(relative.OffTrackControl()->DistUnit(), QStringLiteral("ft"));
+    EXPECT_EQ(relative.EndControl()->FormatType(), CCoordinateCtrl::fmt_degrees);
+    CMeasureBrgDistDlg brgDist(nullptr, &m_attributes);
+    EXPECT_EQ(brgDist.DistanceControl()->DistUnit(), QStringLiteral("ft"));
+}
+
+TEST_F(MeasureDlgTest, LineRelativeDistancesBeforeAlongAndPastTheLine)
+{
+    MeasureRelativeDlg dlg(nullptr, &m_attributes);
+    const Point start = kOrigin;
+    // A line of 1000 m on bearing 36.87°, so that the rotation into the line matters.
+    const Point end = Offset(600, 800);
+    const double k = ScaleFactor(start, end);
+    ASSERT_GT(k, 0.9);
+    dlg.SetStartPos(start);
+    dlg.SetEndPos(end);
+    const double ux = 0.6, uy = 0.8;   // along the line
+    const double rx = 0.8, ry = -0.6;  // to its right
+    const struct { double along, across; } cases[] = {
+        { 500, 50 }, { 500, -50 },     // either side: the same off-track
+        { -100, 10 },                  // before the start
+        { 1200, -10 },                 // past the end
+        { 0, 0 }, { 1000, 0 },
+    };
+    for (const auto& c : cases) {
+        dlg.SetCurrentPos(Offset(c.along * ux + c.across * rx, c.along * uy + c.across * ry));
+        EXPECT_NEAR(Shown(dlg.FromStartControl()), c.along / k, 1e-6) << c.along << "," << c.across;
+        EXPECT_NEAR(Shown(dlg.OffTrackControl()), std::fabs(c.across) / k, 1e-6);
+        EXPECT_NEAR(Shown(dlg.ToEndControl()), (1000 - c.along) / k, 1e-6);
+    }
+    double x = 0, y = 0;
+    ASSERT_TRUE(dlg.EndControl()->GetXY(x, y));
+    EXPECT_NEAR(x, end.x, 1e-6);
+    EXPECT_NEAR(y, end.y, 1e-6);
+    ASSERT_TRUE(dlg.CurrentControl()->GetXY(x, y));
+    EXPECT_NEAR(x, kOrigin.x + 1000 * ux, 1e-6);
+
+    // A line of no length does not break anything.
+    dlg.SetEndPos(start);
+    dlg.SetCurrentPos(Offset(0, 30));
+    EXPECT_NEAR(Shown(dlg.FromStartControl()), 30 / ScaleFactor(start, start), 1e-6);
+}
+
+TEST_F(MeasureDlgTest, LineRelativeChoicesSpreadOverAllControls)
+{
+    MeasureRelativeDlg dlg(nullptr, &m_attributes);
+    dlg.SetStartPos(kOrigin);
+    dlg.SetEndPos(Offset(0, 1000));
+    dlg.SetCurrentPos(Offset(20, 500));
+    const int nm = UnitIndex(dlg.OffTrackControl(), QStringLiteral("NM"));
+    ASSERT_GE(nm, 0);
+    dlg.OffTrackControl()->ChooseUnit(DistanceCtrl::kFirstUnitCommand + nm);
+    for (DistanceCtrl* d : { dlg.FromStartControl(), dlg.OffTrackControl(), dlg.ToEndControl() }) {
+        EXPECT_EQ(d->DistUnit(), QStringLiteral("NM"));
+        EXPECT_TRUE(d->Edit()->text().endsWith(QStringLiteral("NM")));
+    }
+    EXPECT_EQ(m_attributes.FindValue(QStringLiteral("MeasureDistUnit"))->GetString(), QStringLiteral("NM"));
+
+    dlg.CurrentControl()->ChooseFormat(CCoordinateCtrl::kCmdMinutes);
+    for (CCoordinateCtrl* c : { dlg.StartControl(), dlg.CurrentControl(), dlg.EndControl() })
+        EXPECT_EQ(c->FormatType(), CCoordinateCtrl::fmt_minutes);
+    EXPECT_EQ(m_attributes.FindValue(QStringLiteral("MeasureCoordFormat"))->GetInt(), CCoordinateCtrl::fmt_minutes);
+
+    // Clear puts the remembered choices back and keeps the values.
+    dlg.StartControl()->SetFormatType(CCoordinateCtrl::fmt_grid);
+    dlg.ToEndControl()->SetDistUnit(QStringLiteral("m"));
+    dlg.Clear();
+    EXPECT_EQ(dlg.StartControl()->FormatType(), CCoordinateCtrl::fmt_minutes);
+    EXPECT_EQ(dlg.ToEndControl()->DistUnit(), QStringLiteral("NM"));
+    EXPECT_TRUE(dlg.ToEndControl()->Edit()->text().endsWith(QStringLiteral("NM")));
+}
+
+TEST_F(MeasureDlgTest, VesselBearingAndDistance)
+{
+    CMeasureBrgDistDlg dlg(nullptr, &m_attributes);
+    const Point from = kOrigin, to = Offset(-300, -400);
+    dlg.SetFromPos(from);
+    EXPECT_TRUE(dlg.BearingText().isEmpty());
+    dlg.SetToPos(to);
+    EXPECT_EQ(dlg.BearingText(), Bearing(216.8698976458));
+    EXPECT_NEAR(Shown(dlg.DistanceControl()), 500.0 / ScaleFactor(from, to), 1e-9);
+
+    dlg.SetDistUnit(QStringLiteral("km"));
+    EXPECT_TRUE(dlg.DistanceControl()->Edit()->text().endsWith(QStringLiteral("km")));
+    EXPECT_EQ(m_attributes.FindValue(QStringLiteral("MeasureDistUnit"))->GetString(), QStringLiteral("km"));
+
+    dlg.Clear();
+    EXPECT_TRUE(dlg.BearingText().isEmpty());
+    double value = 0;
+    EXPECT_FALSE(dlg.DistanceControl()->GetDistance(value));
+    dlg.SetToPos(to);
+    EXPECT_TRUE(dlg.BearingText().isEmpty());
+}
+
+TEST_F(MeasureDlgTest, EnterAndEscapeNeverCloseButTheCloseButtonDoes)
+{
+    QWidget host;
+    host.show();
+    CMeasureDlg measure(&host, &m_attributes);
+    MeasureRelativeDlg relative(&host, &m_attributes);
+    CMeasureBrgDistDlg brgDist(&host, &m_attributes);
+    const std::pair<QDialog*, QWidget*> dialogs[] = {
+        { &measure, measure.FromControl()->Edit1() },
+        { &relative, relative.OffTrackControl()->Edit() },
+        { &brgDist, brgDist.DistanceControl()->Edit() },
+    };
+    for (auto [dialog, edit] : dialogs) {
+        dialog->show();
+        dialog->activateWindow();
+        QApplication::setActiveWindow(dialog);
+        EXPECT_FALSE(dialog->isModal());
+        edit->setFocus();
+        for (QWidget* target : { static_cast<QWidget*>(dialog), edit }) {
+            for (Qt::Key key : { Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter }) {
+                QTest::keyClick(target, key);
+                EXPECT_TRUE(dialog->isVisible()) << dialog->windowTitle().toStdString() << " key " << key;
+            }
+        }
+        EXPECT_TRUE(dialog->close());
+        EXPECT_FALSE(dialog->isVisible());
+    }
+    EXPECT_EQ(measure.windowTitle(), QStringLiteral("Measure"));
+    EXPECT_EQ(relative.windowTitle(), QStringLiteral("Measure Line Relative"));
+    EXPECT_EQ(brgDist.windowTitle(), QStringLiteral("Measure Relative Vessel"));
+}
+
+TEST_F(MeasureDlgTest, WindowSizeRestoredUnlessSquareAndWrittenBackOnHide)
+{
+    const std::function<QDialog*(FileObject*)> makers[] = {
+        [](FileObject* f) { auto* d = new CMeasureDlg(); d->SetPrsConfiguration(f); return d; },
+        [](FileObject* f) { auto* d = new MeasureRelativeDlg(); d->SetPrsConfiguration(f); return d; },
+        [](FileObject* f) { auto* d = new CMeasureBrgDistDlg(); d->SetPrsConfiguration(f); return d; },
+    };
+    const QString sections[] = { QStringLiteral("MeasureDlg"), QStringLiteral("MeasureRelativeDlg"),
+                                 QStringLiteral("MeasureBrgDistDlg") };
+    for (int i = 0; i < 3; ++i) {
+        const QString& section = sections[i];
+        FileObject file;
+        std::unique_ptr<QDialog> fresh(makers[i](nullptr));
+        const QSize initial = fresh->size();
+
+        file.SetInt(section, QStringLiteral("iWidth"), 400);
+        file.SetInt(section, QStringLiteral("iHeight"), 400);
+        std::unique_ptr<QDialog> square(makers[i](&file));
+        EXPECT_EQ(square->size(), initial) << section.toStdString();
+
+        file.SetInt(section, QStringLiteral("iHeight"), 300);
+        std::unique_ptr<QDialog> dlg(makers[i](&file));
+        EXPECT_EQ(dlg->size(), QSize(DpiCor(400), DpiCor(300))) << section.toStdString();
+
+        dlg->show();
+        dlg->resize(DpiCor(420), DpiCor(210));
+        dlg->hide();
+        int width = 0, height = 0;
+        EXPECT_TRUE(file.GetInt(section, QStringLiteral("iWidth"), width));
+        EXPECT_TRUE(file.GetInt(section, QStringLiteral("iHeight"), height));
+        EXPECT_EQ(width, DpiRevCor(dlg->width()));
+        EXPECT_EQ(height, DpiRevCor(dlg->height()));
+        EXPECT_EQ(QSize(width, height), QSize(420, 210));
+
+        // Hiding without a configuration file writes nothing anywhere.
+        fresh->show();
+        fresh->hide();
+    }
+}
+
+TEST_F(MeasureDlgTest, AltitudeRowOnlyInThreeD)
+{
+    CMeasureDlg flat;
+    CMeasureDlg threeD(nullptr, nullptr, true);
+    for (const char* id : { "6818", "6819", "6820", "6821", "6822" }) {
+        EXPECT_TRUE(flat.findChild<QWidget*>(QLatin1String(id))->isHidden()) << id;
+        EXPECT_FALSE(threeD.findChild<QWidget*>(QLatin1String(id))->isHidden()) << id;
+    }
+    EXPECT_EQ(threeD.height() - flat.height(), DpiCor(CMeasureDlg::kAltitudeRowHeight));
+    EXPECT_EQ(threeD.width(), flat.width());
+}
+
+TEST_F(MeasureDlgTest, PlacedAtTheParentsCornerAndFontsFollowTheSize)
+{
+    QWidget host;
+    host.setGeometry(120, 90, 600, 400);
+    host.show();
+    CMeasureDlg dlg(&host, nullptr, true);
+    dlg.show();
+    EXPECT_EQ(dlg.pos(), host.frameGeometry().topLeft());
+
+    auto* bearingLabel = dlg.findChild<QLabel*>(QStringLiteral("6677"));
+    auto* toSecond = dlg.findChild<QLineEdit*>(QStringLiteral("6824"));
+    dlg.resize(DpiCor(500), DpiCor(100));
+    QApplication::processEvents();
+    const int smallLabel = bearingLabel->font().pointSize();
+    EXPECT_EQ(bearingLabel->font().family(), QStringLiteral("Arial"));
+    EXPECT_EQ(toSecond->font().family(), QStringLiteral("Arial"));
+    EXPECT_EQ(dlg.FromControl()->FormatButton()->font(), bearingLabel->font());
+    EXPECT_EQ(dlg.FromControl()->Edit1()->font(), toSecond->font());
+    EXPECT_EQ(dlg.DistanceControl()->Edit()->font(), toSecond->font());
+
+    dlg.resize(DpiCor(1000), DpiCor(300));
+    QApplication::processEvents();
+    EXPECT_GT(bearingLabel->font().pointSize(), smallLabel);
+    EXPECT_EQ(dlg.size(), QSize(DpiCor(1000), DpiCor(300))); // the bigger fonts do not grow it
+}
