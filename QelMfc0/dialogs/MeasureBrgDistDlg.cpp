@@ -8,8 +8,6 @@
 #include <QelConfigure/QelFormatter.h>
 
 #include <QGridLayout>
-#include <QHideEvent>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -20,8 +18,7 @@ constexpr int kHeight = 36;
 } // namespace
 
 CMeasureBrgDistDlg::CMeasureBrgDistDlg(QWidget* parent, CAttributeMap* attributes)
-    : BaseDlg(kTemplateId, parent)
-    , m_support(this, parent, attributes, QStringLiteral("MeasureBrgDistDlg"))
+    : MeasureDlgBase(kTemplateId, parent, attributes, QStringLiteral("MeasureBrgDistDlg"))
 {
     setWindowTitle(tr("Measure Relative Vessel"));
     EnableSizeGrip(true);
@@ -111,22 +108,11 @@ QString CMeasureBrgDistDlg::BearingText() const
     return m_bearing->text();
 }
 
-void CMeasureBrgDistDlg::SetPrsConfiguration(FileObject* file)
-{
-    m_support.SetPrsConfiguration(file);
-}
-
 void CMeasureBrgDistDlg::OnDistUnitChange()
 {
     const QString key = m_distanceCtrl->DistUnit();
     if (!key.isEmpty())
         SetDistUnit(key);
-}
-
-void CMeasureBrgDistDlg::OnSize()
-{
-    BaseDlg::OnSize();
-    ChangeFontSize();
 }
 
 void CMeasureBrgDistDlg::ChangeFontSize()
@@ -147,18 +133,3 @@ void CMeasureBrgDistDlg::ChangeFontSize()
     }
 }
 
-void CMeasureBrgDistDlg::keyPressEvent(QKeyEvent* event)
-{
-    // Enter and Escape never close a measuring dialog.
-    if (MeasureSupport::IsClosingKey(event)) {
-        event->accept();
-        return;
-    }
-    BaseDlg::keyPressEvent(event);
-}
-
-void CMeasureBrgDistDlg::hideEvent(QHideEvent* event)
-{
-    m_support.SaveSize();
-    BaseDlg::hideEvent(event);
-}

@@ -4,10 +4,9 @@
 //
 // The dialog is complete after construction; Enter and Escape never close it.
 
-#include "QelMfc0/dialogs/MeasureSupport.h"
 
 #include <QelBase/Point.h>
-#include <QelConfigure/BaseDlg.h>
+#include <QelMfc0/dialogs/MeasureDlgBase.h>
 
 class CAttributeMap;
 class DistanceCtrl;
@@ -15,7 +14,7 @@ class FileObject;
 class QLabel;
 class QLineEdit;
 
-class CMeasureBrgDistDlg : public BaseDlg
+class CMeasureBrgDistDlg : public MeasureDlgBase
 {
     Q_OBJECT
 public:
@@ -36,8 +35,6 @@ public:
     void Clear();
     // Shows the distance in the unit with that key, recomputes and remembers the key.
     void SetDistUnit(const QString& key);
-    // Keeps the configuration file of the window size and applies a stored size.
-    void SetPrsConfiguration(FileObject* file);
 
     // The distance control, for hosts and tests.
     DistanceCtrl* DistanceControl() const { return m_distanceCtrl; }
@@ -45,14 +42,11 @@ public:
     QString BearingText() const;
 
 protected:
-    void OnSize() override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
+    void ChangeFontSize() override;
 
 private:
     void InitDialog();
     void Recompute();
-    void ChangeFontSize();
     void OnDistUnitChange();
 
     QLabel* m_bearingLabel = nullptr;
@@ -62,5 +56,4 @@ private:
     Point m_to;
     bool m_fromSet = false;
     bool m_toSet = false;
-    MeasureSupport m_support;
 };

@@ -10,8 +10,6 @@
 #include <QelConfigure/QelFormatter.h>
 
 #include <QGridLayout>
-#include <QHideEvent>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -46,11 +44,10 @@ constexpr int kFieldIds[] = { CMeasureDlg::kFromAltitudeId, CMeasureDlg::kToAlti
 
 CMeasureDlg::CMeasureDlg(QWidget* parent, CAttributeMap* attributes, bool threeD,
                          bool selectable, bool noScaleCorrection)
-    : BaseDlg(kTemplateId, parent)
+    : MeasureDlgBase(kTemplateId, parent, attributes, QStringLiteral("MeasureDlg"))
     , m_threeD(threeD)
     , m_selectable(selectable)
     , m_noScaleCorrection(noScaleCorrection)
-    , m_support(this, parent, attributes, QStringLiteral("MeasureDlg"))
 {
     setWindowTitle(tr("Measure"));
     EnableSizeGrip(true);
@@ -289,11 +286,6 @@ void CMeasureDlg::SetShowZdiff(bool showZdiff)
     Recompute();
 }
 
-void CMeasureDlg::SetPrsConfiguration(FileObject* file)
-{
-    m_support.SetPrsConfiguration(file);
-}
-
 void CMeasureDlg::OnFromCoordFormatChange()
 {
     SetCoordFormat(m_fromCtrl->FormatType());
@@ -304,12 +296,6 @@ void CMeasureDlg::OnDistUnitChange()
     const QString key = m_distanceCtrl->DistUnit();
     if (!key.isEmpty())
         SetDistUnit(key);
-}
-
-void CMeasureDlg::OnSize()
-{
-    BaseDlg::OnSize();
-    ChangeFontSize();
 }
 
 void CMeasureDlg::ChangeFontSize()
@@ -336,18 +322,3 @@ void CMeasureDlg::ChangeFontSize()
     }
 }
 
-void CMeasureDlg::keyPressEvent(QKeyEvent* event)
-{
-    // Enter and Escape never close a measuring dialog.
-    if (MeasureSupport::IsClosingKey(event)) {
-        event->accept();
-        return;
-    }
-    BaseDlg::keyPressEvent(event);
-}
-
-void CMeasureDlg::hideEvent(QHideEvent* event)
-{
-    m_support.SaveSize();
-    BaseDlg::hideEvent(event);
-}

@@ -6,10 +6,9 @@
 // The dialog is complete after construction (the controls replace their placeholders there);
 // Enter and Escape never close it, the window's close button does.
 
-#include "QelMfc0/dialogs/MeasureSupport.h"
 
 #include <QelBase/Point.h>
-#include <QelConfigure/BaseDlg.h>
+#include <QelMfc0/dialogs/MeasureDlgBase.h>
 
 class CAttributeMap;
 class CCoordinateCtrl;
@@ -18,7 +17,7 @@ class FileObject;
 class QLabel;
 class QLineEdit;
 
-class CMeasureDlg : public BaseDlg
+class CMeasureDlg : public MeasureDlgBase
 {
     Q_OBJECT
 public:
@@ -69,8 +68,6 @@ public:
     void SetSlope(bool slope);
     // Three-D: the elevation field shows the height difference (label "Z Diff.").
     void SetShowZdiff(bool showZdiff);
-    // Keeps the configuration file of the window size and applies a stored size.
-    void SetPrsConfiguration(FileObject* file);
 
     // The controls, for hosts and tests.
     CCoordinateCtrl* FromControl() const { return m_fromCtrl; }
@@ -85,9 +82,7 @@ public:
     bool IsSelectable() const { return m_selectable; }
 
 protected:
-    void OnSize() override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
+    void ChangeFontSize() override;
 
 private:
     void InitDialog();
@@ -95,7 +90,6 @@ private:
     void Recompute();
     void FormatToTexts();
     void ApplyRememberedChoices();
-    void ChangeFontSize();
     void OnFromCoordFormatChange();
     void OnDistUnitChange();
     QLineEdit* Field(int id) const;
@@ -113,5 +107,4 @@ private:
     bool m_gridOnly = false;
     bool m_selectable;
     bool m_noScaleCorrection;
-    MeasureSupport m_support;
 };

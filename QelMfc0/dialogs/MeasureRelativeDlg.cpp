@@ -8,8 +8,6 @@
 #include <QelBase/NumberUtils.h>
 
 #include <QGridLayout>
-#include <QHideEvent>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -31,8 +29,7 @@ constexpr int kDistIds[] = { MeasureRelativeDlg::kFromStartId, MeasureRelativeDl
 } // namespace
 
 MeasureRelativeDlg::MeasureRelativeDlg(QWidget* parent, CAttributeMap* attributes)
-    : BaseDlg(kTemplateId, parent)
-    , m_support(this, parent, attributes, QStringLiteral("MeasureRelativeDlg"))
+    : MeasureDlgBase(kTemplateId, parent, attributes, QStringLiteral("MeasureRelativeDlg"))
 {
     setWindowTitle(tr("Measure Line Relative"));
     EnableSizeGrip(true);
@@ -156,11 +153,6 @@ void MeasureRelativeDlg::Clear()
     ApplyCoordFormat(m_support.StoredCoordFormat());
 }
 
-void MeasureRelativeDlg::SetPrsConfiguration(FileObject* file)
-{
-    m_support.SetPrsConfiguration(file);
-}
-
 void MeasureRelativeDlg::OnCoordFormatChange(CCoordinateCtrl* source)
 {
     SetCoordFormat(source->FormatType());
@@ -172,12 +164,6 @@ void MeasureRelativeDlg::OnDistUnitChange(DistanceCtrl* source)
     const QString key = source->DistUnit();
     if (!key.isEmpty())
         SetDistUnit(key);
-}
-
-void MeasureRelativeDlg::OnSize()
-{
-    BaseDlg::OnSize();
-    ChangeFontSize();
 }
 
 void MeasureRelativeDlg::ChangeFontSize()
@@ -200,18 +186,3 @@ void MeasureRelativeDlg::ChangeFontSize()
     }
 }
 
-void MeasureRelativeDlg::keyPressEvent(QKeyEvent* event)
-{
-    // Enter and Escape never close a measuring dialog.
-    if (MeasureSupport::IsClosingKey(event)) {
-        event->accept();
-        return;
-    }
-    BaseDlg::keyPressEvent(event);
-}
-
-void MeasureRelativeDlg::hideEvent(QHideEvent* event)
-{
-    m_support.SaveSize();
-    BaseDlg::hideEvent(event);
-}

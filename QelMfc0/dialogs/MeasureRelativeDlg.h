@@ -6,10 +6,9 @@
 //
 // The dialog is complete after construction; Enter and Escape never close it.
 
-#include "QelMfc0/dialogs/MeasureSupport.h"
 
 #include <QelBase/Point.h>
-#include <QelConfigure/BaseDlg.h>
+#include <QelMfc0/dialogs/MeasureDlgBase.h>
 
 #include <array>
 
@@ -19,7 +18,7 @@ class DistanceCtrl;
 class FileObject;
 class QLabel;
 
-class MeasureRelativeDlg : public BaseDlg
+class MeasureRelativeDlg : public MeasureDlgBase
 {
     Q_OBJECT
 public:
@@ -55,8 +54,6 @@ public:
     void SetCoordFormat(int format);
     // Re-applies the remembered unit and format (the values shown stay).
     void Clear();
-    // Keeps the configuration file of the window size and applies a stored size.
-    void SetPrsConfiguration(FileObject* file);
 
     // The controls, for hosts and tests.
     CCoordinateCtrl* StartControl() const { return m_coord[0]; }
@@ -67,16 +64,13 @@ public:
     DistanceCtrl* ToEndControl() const { return m_dist[2]; }
 
 protected:
-    void OnSize() override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
+    void ChangeFontSize() override;
 
 private:
     void InitDialog();
     void BuildLayout();
     void ApplyDistUnit(const QString& key);
     void ApplyCoordFormat(int format);
-    void ChangeFontSize();
     void OnCoordFormatChange(CCoordinateCtrl* source);
     void OnDistUnitChange(DistanceCtrl* source);
 
@@ -85,5 +79,4 @@ private:
     std::array<QLabel*, 3> m_labels {};           // over the position controls
     Point m_start;
     Point m_end;
-    MeasureSupport m_support;
 };
