@@ -6,7 +6,7 @@
 #include <string>
 
 namespace {
-// The console table plus the real time per iteration of every run, by name.
+// The console table plus the real time per iteration of every run, in seconds, by name.
 class RecordingReporter : public benchmark::ConsoleReporter
 {
 public:
@@ -16,13 +16,14 @@ public:
     {
         for (const Run& run : runs)
             if (run.run_type == Run::RT_Iteration || run.aggregate_name == "median")
-                realTime[run.run_name.function_name] = run.GetAdjustedRealTime();
+                realTime[run.run_name.function_name] = run.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
         ConsoleReporter::ReportRuns(runs);
     }
 };
 } // namespace
 
-int RunBenchmarksWithRatios(int argc, char** argv, const std::vector<BenchRatio>& ratios)
+int RunBenchmarksWithRatios(int argc, char** argv, const std::vector<BenchRatio>& ratios,
+                            const std::vector<BenchBudget>& budgets)
 {
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
@@ -37,6 +38,13 @@ int RunBenchmarksWithRatios(int argc, char** argv, const std::vector<BenchRatio>
             continue;
         std::printf("ratio %s / %s = %.2f (goal: %s)\n", ratio.measured, ratio.baseline,
                     measured->second / baseline->second, ratio.goal);
+    }
+    for (const BenchBudget& budget : budgets) {
+        const auto measured = reporter.realTime.find(budget.measured);
+        if (measured == reporter.realTime.end() || budget.budgetSeconds <= 0.0)
+            continue;
+        std::printf("share %s / %.1f ms budget = %.3f %% (goal: %s)\n", budget.measured, budget.budgetSeconds * 1e3,
+                    100.0 * measured->second / budget.budgetSeconds, budget.goal);
     }
     benchmark::Shutdown();
     return 0;

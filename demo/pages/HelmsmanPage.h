@@ -1,0 +1,25 @@
+#pragma once
+// Gallery page of the navigation indicators: a simulated vessel sails a run line of the
+// sample project at 10 Hz and the helmsman's instruments follow it.
+
+#include <QWidget>
+
+#include "HelmsmanFrame.h"
+
+class VesselSimulator;
+
+class HelmsmanPage : public QWidget {
+    Q_OBJECT
+public:
+    explicit HelmsmanPage(QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    HelmsmanFrame m_frame;
+    VesselSimulator* m_vessel = nullptr;
+};

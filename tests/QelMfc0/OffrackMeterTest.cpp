@@ -1,0 +1,275 @@
+// The navigation meters rendered into 96-dpi images: the off-track bar with its scale,
+// tolerance wedges and value text, and the distance-on-run-line bar.
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QFontMetrics>
+#include <QImage>
+#include <QPainter>
+#include <QelConfigure/DataSearch.h>
+#include <QelConfigure/ProjectDefinition.h>
+#include <QelMfc0/ColorRef.h>
+#include <QelMfc0/FontInfo.h>
+#include <QelMfc0/colour/ColorControl.h>
+#include <QelMfc0/controls/DistOnRlineMeter.h>
+#include <QelMfc0/controls/OffrackMeter.h>
+#include <common/TestProject.h>
+#include <gtest/gtest.h>
+#include <limits>
+#include <string>
+
+namespace {
+
+constexpr double kInf = std::numeric_limits<double>::infinity();
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+// A white 96-dpi image.
+QImage Canvas(int width, int height)
+{
+    QImage image(width, height, QImage::Format_ARGB32);
+    image.setDotsPerMeterX(3780);
+    image.setDotsPerMeterY(3780);
+    image.fill(Qt::white);
+    return image;
+}
+
+// Pixels as letters: '.' white, 'F' red (foreground), 'B' yellow (background), 'L' dark green,
+// 'R' blue, 'G' green, 'K' black, '?' anything else (text anti-aliasing).
+char Letter(QRgb p)
+{
+    switch (p & 0xFFFFFF) {
+    case 0xFFFFFF: return '.';
+    case 0xFF0000: return 'F';
+    case 0xFFFF00: return 'B';
+    case 0x00A000: return 'L';
+    case 0x0000FF: return 'R';
+    case 0x00FF00: return 'G';
+    case 0x000000: return 'K';
+    default: return '?';
+    }
+}
+// Letters of the pixels from (x0, y0) to (x1, y1) along a row or a column.
+std::string Line(const QImage& image, int x0, int y0, int x1, int y1)
+{
+    std::string s;
+    for (int x = x0, y = y0; x <= x1 && y <= y1; x += x0 < x1, y += y0 < y1)
+        s += Letter(image.pixel(x, y));
+    return s;
+}
+std::string Row(const QImage& image, int y, int x0, int x1) { return Line(image, x0, y, x1, y); }
+std::string Column(const QImage& image, int x, int y0, int y1) { return Line(image, x, y0, x, y1); }
+std::string Span(int n, char c) { return std::string(n, c); }
+
+// First and last column holding anything but white in rows y0..y1; -1, -1 when none.
+std::pair<int, int> InkColumns(const QImage& image, int y0, int y1)
+{
+    int first = -1, last = -1;
+    for (int y = y0; y <= y1; ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (Letter(image.pixel(x, y)) != '.') {
+                first = first < 0 ? x : std::min(first, x);
+                last = std::max(last, x);
+            }
+    return { first, last };
+}
+
+// Scale -10..+10 over 400 x 40 pixels: 20 pixels per unit, centre at 200, ticks every 2.
+class OffrackMeterTest : public ::testing::Test
+{
+protected:
+    static constexpr int W = 400, H = 40;
+    OffrackMeter meter;
+
+    void SetUp() override
+    {
+        meter.SetColor(RGB(255, 0, 0));
+        meter.SetBkColor(RGB(255, 255, 0));
+        meter.SetLRSideColor(RGB(0, 160, 0), RGB(0, 0, 255));
+        meter.SetRange(10.0);
+        meter.SetTickIntervals(4);
+        meter.SetTolerance(3.0);
+    }
+    QImage Render(double value)
+    {
+        meter.SetValue(value);
+        return Render(meter);
+    }
+    static QImage Render(const OffrackMeter& m)
+    {
+        QImage image = Canvas(W, H + 30);
+        QPainter painter(&image);
+        m.Draw(&painter, QRect(0, 0, W, H));
+        return image;
+    }
+    // The value text's cell (below the rectangle).
+    static std::pair<int, int> TextColumns(const QImage& image) { return InkColumns(image, H + 1, H + 29); }
+    static int Advance(const QString& text)
+    {
+        const QImage device = Canvas(1, 1);
+        return QFontMetrics(FontInfo().ToQFont(), &device).horizontalAdvance(text);
+    }
+};
+
+TEST_F(OffrackMeterTest, BarFillsFromTheCentreTowardsTheValueAndStopsAtTheScaleEnds)
+{
+    // Row 30 lies below the tick labels and above the lower tick marks.
+    EXPECT_EQ(Row(Render(5.0), 30, 199, 300), ".F" + Span(98, 'R') + "F.");
+    EXPECT_EQ(Row(Render(-5.0), 30, 99, 200), ".F" + Span(98, 'L') + "F.");
+    EXPECT_EQ(Row(Render(25.0), 30, 199, 399), ".F" + Span(198, 'R') + "F");
+    EXPECT_EQ(Row(Render(-25.0), 30, 0, 200), "F" + Span(198, 'L') + "F.");
+    EXPECT_EQ(Column(Render(5.0), 210, 0, H), Span(H, 'F').replace(1, H - 2, Span(H - 2, 'R')) + ".");
+
+    // Zero (and NaN) is one full-height line at the centre, with no tick or label of its own
+    // between those of -2 and +2; the value text reads 0.00 centred on it.
+    for (double value : { 0.0, kNaN }) {
+        const QImage image = Render(value);
+        EXPECT_EQ(Column(image, 200, 0, H), Span(H, 'F') + ".");
+        for (int y = 0; y < H; ++y)
+            ASSERT_EQ(Row(image, y, 182, 218), Span(18, '.') + "F" + Span(18, '.')) << y;
+        const auto [first, last] = TextColumns(image);
+        EXPECT_EQ(last - first + 1, Advance("0.00"));
+        EXPECT_LE(std::abs(first + last - 2 * 200), 2);
+    }
+}
+
+TEST_F(OffrackMeterTest, ScaleHasTicksAtMultiplesOfTheRoundedStepAndToleranceWedges)
+{
+    EXPECT_DOUBLE_EQ(meter.GetTickInterval(), 2.0); // 10 / 4 = 2.5 rounds to 2
+    EXPECT_DOUBLE_EQ(meter.GetLargestTickValue(), 10.0);
+    const QImage image = Render(0.0);
+    // -10..-2 and 2..8; +10 falls on x = 400, outside the rectangle. The upper marks run 4
+    // pixels down from the top, the lower ones up from y = H and are clipped to the rectangle.
+    for (int x : { 0, 40, 80, 120, 160, 240, 280, 320, 360 }) {
+        EXPECT_EQ(Column(image, x, 0, 3), "FFFF") << x;
+        EXPECT_EQ(Column(image, x, H - 4, H), ".FFF.") << x;
+        EXPECT_EQ(Column(image, x + 10, H - 4, H), ".....") << x;
+    }
+    // Wedges at -3 and +3: a 13-pixel top edge, filled, narrowing to a tip 6 pixels down.
+    for (int x : { 140, 260 }) {
+        EXPECT_EQ(Row(image, 0, x - 7, x + 7), "." + Span(13, 'F') + ".") << x;
+        EXPECT_EQ(Row(image, 2, x - 1, x + 1), "BBB") << x;
+        EXPECT_EQ(Row(image, 4, x - 5, x + 5).front(), '.') << x;
+        EXPECT_EQ(Column(image, x, 7, 9), "...") << x;
+    }
+
+    meter.SetRange(9.0); // 2.25 -> 2
+    EXPECT_DOUBLE_EQ(meter.GetLargestTickValue(), 8.0);
+    meter.SetRange(7.0);
+    meter.SetTickIntervals(3);
+    EXPECT_DOUBLE_EQ(meter.GetLargestTickValue(), 6.0);
+}
+
+TEST_F(OffrackMeterTest, ValueTextStaysInsideTheRectangleAndShowsTheTrueValue)
+{
+    // The bar is clamped, the number is not; its opaque cell is pushed in from the edge.
+    QImage image = Render(1000.0);
+    auto [first, last] = TextColumns(image);
+    EXPECT_EQ(last, W - 1);
+    EXPECT_EQ(first, W - 2 * (Advance("1000.00") / 2));
+    EXPECT_EQ(Letter(image.pixel(last, H + 1)), 'B');
+
+    std::tie(first, last) = TextColumns(Render(-1000.0));
+    EXPECT_EQ(first, 0);
+    EXPECT_EQ(last, Advance("-1000.00") - 1);
+
+    TestProject project; // the project's distance decimals apply
+    ASSERT_TRUE(project.IsOpen());
+    project.Project()->SetDistanceDecimals(0);
+    std::tie(first, last) = TextColumns(Render(1000.0));
+    EXPECT_EQ(first, W - 2 * (Advance("1000") / 2));
+}
+
+TEST_F(OffrackMeterTest, UnusableSettingsDrawNothingAndCopiesDrawTheSame)
+{
+    const QImage blank = Canvas(W, H + 30);
+    for (double range : { 0.0, -5.0, kInf, kNaN }) {
+        meter.SetRange(range);
+        EXPECT_EQ(Render(1.0), blank) << range;
+        EXPECT_EQ(meter.GetTickInterval(), 0.0);
+        EXPECT_EQ(meter.GetLargestTickValue(), 0.0);
+    }
+    meter.SetRange(10.0);
+    meter.SetTickIntervals(0);
+    EXPECT_EQ(Render(1.0), blank);
+    EXPECT_EQ(meter.GetLargestTickValue(), 0.0);
+    // Absurdly fine or coarse scales and infinite values draw without hanging.
+    meter.SetTickIntervals(std::numeric_limits<int>::max());
+    EXPECT_NE(Render(kInf), blank);
+    meter.SetRange(1e300);
+    meter.SetTickIntervals(1);
+    meter.SetTolerance(kNaN);
+    EXPECT_NE(Render(-kInf), blank);
+    meter.Draw(nullptr, QRect(0, 0, W, H));
+
+    meter.SetRange(10.0);
+    meter.SetFont(FontInfo("Arial", 12, true, true, RGB(1, 2, 3)));
+    meter.SetValue(-3.7);
+    OffrackMeter assigned;
+    assigned = meter;
+    EXPECT_EQ(OffrackMeter(meter).GetFont(), FontInfo("Arial", 12, true, true, RGB(1, 2, 3)));
+    EXPECT_EQ(Render(OffrackMeter(meter)), Render(meter));
+    EXPECT_EQ(Render(assigned), Render(meter));
+}
+
+TEST_F(OffrackMeterTest, NightModeConvertsTheForegroundButNotTheSideColours)
+{
+    TestProject project; // a night map in a private copy: red becomes green
+    ASSERT_TRUE(project.IsOpen());
+    const QString path = DataSearch::GetDataSearch().GetFullPath(DataSearch::TYPE_COLOR_MAP, "night");
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(path).absolutePath()));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write("[PARAMS]\nred = 1\ngreen = 1\nblue = 1\ninvert = 0\n[QEL_COLORS]\n255 = 65280\n");
+    file.close();
+
+    ColorControl& colours = ColorControl::Instance();
+    colours.SetLightMode(ColorConverter::normal, false);
+    colours.SetLightMode(ColorConverter::night, false);
+    meter.SetLRSideColor(RGB(0, 160, 0), RGB(255, 0, 0)); // right side in the foreground's colour
+    const QImage night = Render(5.0);
+    colours.SetLightMode(ColorConverter::normal, false);
+
+    EXPECT_EQ(Row(night, 30, 199, 300), ".G" + Span(98, 'F') + "G.");
+    EXPECT_EQ(Column(night, 0, 0, 3), "GGGG"); // a tick
+    EXPECT_EQ(Row(Render(5.0), 30, 199, 201), ".FF");
+}
+
+// A 20 x 100 pixel bar for a range of 100: one row per unit.
+TEST(DistOnRlineMeterTest, FillsFromTheBottomInProportion)
+{
+    DistOnRlineMeter meter;
+    meter.SetColor(RGB(0, 0, 255));
+    meter.SetBkColor(RGB(255, 255, 0));
+    meter.SetRange(100.0);
+    auto render = [&meter](double value) {
+        meter.SetValue(value);
+        QImage image = Canvas(20, 130);
+        QPainter painter(&image);
+        meter.Draw(&painter, QRect(0, 0, 20, 100));
+        return image;
+    };
+    // Black lines at the top and bottom - 1; the fill's black outline from 70 down.
+    QImage image = render(30.0);
+    EXPECT_EQ(Column(image, 10, 0, 100), "K" + Span(69, 'B') + "K" + Span(28, 'R') + "K.");
+    EXPECT_EQ(Column(image, 0, 68, 71), "BBKK"); // cleared with a background outline
+    EXPECT_EQ(Row(image, 0, 0, 19), Span(20, 'K'));
+    // Above the range the fill stops at the top; below zero it extends under the bottom.
+    EXPECT_EQ(Column(render(250.0), 10, 0, 2), "KRR");
+    EXPECT_EQ(Column(render(-20.0), 10, 98, 121), "BK" + Span(1, 'K') + Span(18, 'R') + "K..");
+    EXPECT_EQ(Letter(render(-1e300).pixel(10, 125)), 'R');
+    EXPECT_EQ(Column(render(1e300), 10, 0, 1), "KR");
+    EXPECT_EQ(render(kNaN), render(0.0));
+
+    const DistOnRlineMeter copy = meter;
+    QImage copied = Canvas(20, 130);
+    QPainter painter(&copied);
+    copy.Draw(&painter, QRect(0, 0, 20, 100));
+    painter.end();
+    EXPECT_EQ(copied, render(meter.GetValue()));
+    for (double range : { 0.0, -1.0, kInf }) {
+        meter.SetRange(range);
+        EXPECT_EQ(render(10.0), Canvas(20, 130)) << range;
+    }
+}
+
+} // namespace

@@ -1,0 +1,370 @@
+// The up/down gauge: bar stretches by band in both orientations, the clamped pointer, labels,
+// layers, attributes, the reset button and the colour mode, all checked on rendered pixels.
+#include <common/TestProject.h>
+
+#include <QelAttributes/AttributeKeys.h>
+#include <QelAttributes/AttributeMap.h>
+#include <QelConfigure/DataSearch.h>
+#include <QelMfc0/ColorRef.h>
+#include <QelMfc0/colour/ColorControl.h>
+#include <QelMfc0/controls/UpDownIndicator.h>
+
+#include <QFile>
+#include <QImage>
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <vector>
+
+namespace {
+
+constexpr COLORREF kOutside = RGB(255, 0, 255); // what the image holds before drawing
+constexpr COLORREF kPane = RGB(128, 128, 128);
+constexpr COLORREF kAbove = RGB(128, 128, 0);
+constexpr COLORREF kInside = RGB(0, 128, 0);
+constexpr COLORREF kBelow = RGB(225, 0, 0);
+constexpr COLORREF kPointer = RGB(225, 255, 255);
+constexpr COLORREF kLabel = RGB(224, 224, 224);
+
+QImage Render(UpDownIndicator& gauge, QSize size, QRect rect = QRect())
+{
+    QImage image(size, QImage::Format_ARGB32);
+    image.setDotsPerMeterX(3780); // 96 dpi
+    image.setDotsPerMeterY(3780);
+    image.fill(toQColor(kOutside));
+    QPainter painter(&image);
+    gauge.Draw(&painter, rect.isNull() ? image.rect() : rect);
+    return image;
+}
+
+COLORREF At(const QImage& image, int x, int y)
+{
+    return toColorref(image.pixelColor(x, y));
+}
+
+// How many pixels of `color` lie in `area` (the whole image when null); `box` gets their extent.
+int Count(const QImage& image, COLORREF color, QRect area = QRect(), QRect* box = nullptr)
+{
+    const QRect r = area.isNull() ? image.rect() : area & image.rect();
+    int n = 0;
+    for (int y = r.top(); y <= r.bottom(); ++y)
+        for (int x = r.left(); x <= r.right(); ++x)
+            if (At(image, x, y) == color) {
+                ++n;
+                if (box)
+                    *box |= QRect(x, y, 1, 1);
+            }
+    return n;
+}
+
+// Where the name strip begins: its top row (horizontal) or left column (vertical), found
+// along the far edge of the image, away from the name's text.
+int NameStripEdge(const QImage& image, bool horizontal)
+{
+    int edge = horizontal ? image.height() : image.width();
+    while (edge > 0
+           && At(image, horizontal ? 1 : edge - 1, horizontal ? edge - 1 : image.height() - 2) == kLabel)
+        --edge;
+    return edge;
+}
+
+class UpDownIndicatorTest : public ::testing::Test
+{
+protected:
+    void SetUp() override { ASSERT_TRUE(project.IsOpen()); }
+
+    // Markers from the attributes (mode 1), the rest of the settings at their defaults.
+    static void UseMarkers(UpDownIndicator& gauge, double minMarker, double maxMarker)
+    {
+        CAttributeMap map;
+        map.SetAttribValue(UpDownIndicator::ATTR_SHOWMINMAXMARKER, 1);
+        map.SetAttribValue(UpDownIndicator::ATTR_MINMAXMARKER, qMakePair(minMarker, maxMarker));
+        gauge.LoadAttributes(map);
+    }
+
+    TestProject project;
+};
+
+TEST_F(UpDownIndicatorTest, BarStretchesFollowTheBand)
+{
+    // Over -10..10 on 400 px: vertical y = 200 - 20 v (column 20), horizontal x = 20 (v + 10)
+    // (row 10). Each case lists (position, colour) samples along the bar.
+    struct Sample { int at; COLORREF color; };
+    const struct { bool horizontal; double lo, hi, ref, value; std::vector<Sample> samples; } cases[] = {
+        // below the reference: below / inside / below
+        { false, -4, -1, 2, -6, { { 140, kPane }, { 161, kBelow }, { 218, kBelow }, { 223, kInside },
+                                  { 277, kInside }, { 283, kBelow }, { 319, kBelow }, { 340, kPane } } },
+        // above the reference: above / inside / above
+        { false, -4, -1, -6, 2, { { 300, kAbove }, { 250, kInside }, { 190, kAbove }, { 150, kPane } } },
+        // horizontal, towards larger values: the stretch up to the band is in the below colour
+        { true, 0, 3, -5, 6, { { 50, kPane }, { 101, kBelow }, { 197, kBelow }, { 203, kInside },
+                               { 257, kInside }, { 263, kAbove }, { 318, kAbove }, { 350, kPane } } },
+        { true, 0, 3, 6, -5, { { 290, kBelow }, { 230, kInside }, { 150, kBelow }, { 50, kPane } } },
+    };
+    for (const auto& c : cases) {
+        UpDownIndicator gauge;
+        gauge.SetHorizontalMode(c.horizontal);
+        UseMarkers(gauge, c.lo, c.hi);
+        gauge.SetRefValue(c.ref);
+        gauge.SetDeltaValue(c.value);
+        const QImage image = Render(gauge, c.horizontal ? QSize(400, 100) : QSize(200, 400));
+        for (const Sample& s : c.samples)
+            EXPECT_EQ(c.horizontal ? At(image, s.at, 10) : At(image, 20, s.at), s.color)
+                << c.horizontal << " ref " << c.ref << " value " << c.value << " at " << s.at;
+        if (c.horizontal)
+            continue;
+        // Dashed marker lines (21 on, 15 off, three pixels wide) in the text colour.
+        const int dashed = Count(image, 0, QRect(5, 279, 100, 3));
+        EXPECT_GT(dashed, 3 * 50);
+        EXPECT_LT(dashed, 3 * 65);
+    }
+}
+
+TEST_F(UpDownIndicatorTest, PointerBoxStaysInTheStripWhileTheTipMarksTheValue)
+{
+    // Strip y 50..349 over -10..10: 9.9 lies at y 51, so the box is held at 60 ± 10.
+    UpDownIndicator gauge;
+    gauge.SetDeltaValue(9.9);
+    const QImage image = Render(gauge, { 120, 400 }, QRect(0, 50, 120, 300));
+    EXPECT_GT(Count(image, kPointer, QRect(0, 44, 120, 3)), 0);  // the tip, above the strip
+    EXPECT_GT(Count(image, kPointer, QRect(0, 64, 120, 3)), 0);  // the box, below the tip
+    EXPECT_EQ(Count(image, kPointer, QRect(0, 0, 120, 40)), 0);
+    EXPECT_EQ(Count(image, kPointer, QRect(0, 72, 120, 328)), 0);
+
+    // In range, tip and box are one arrow at the value (y 200).
+    gauge.SetDeltaValue(0.0);
+    const QImage arrow = Render(gauge, { 120, 400 }, QRect(0, 50, 120, 300));
+    QRect body;
+    Count(arrow, kPointer, QRect(0, 0, 120, 400), &body);
+    EXPECT_GE(body.top(), 190);
+    EXPECT_LE(body.bottom(), 210);
+
+    // Far away values (horizontal too) keep the box inside and draw no bar outside the strip.
+    for (bool horizontal : { false, true }) {
+        gauge.SetHorizontalMode(horizontal);
+        gauge.SetDeltaValue(-1e300);
+        const QRect strip(50, 50, 300, 300);
+        const QImage far = Render(gauge, { 400, 400 }, strip);
+        EXPECT_GT(Count(far, kPointer, strip), 0) << horizontal;
+        EXPECT_EQ(Count(far, kBelow), Count(far, kBelow, strip)) << horizontal;
+    }
+}
+
+TEST_F(UpDownIndicatorTest, NameStripReadsAlongTheGauge)
+{
+    UpDownIndicator gauge;
+    gauge.SetItemName(QStringLiteral("Dredge head"));
+    gauge.SetDeltaValue(-8.0);
+
+    // Vertical: a strip on the right, the text rotated (taller than wide) at its top.
+    const QImage tall = Render(gauge, { 150, 400 });
+    EXPECT_EQ(At(tall, 149, 390), kLabel);
+    EXPECT_EQ(At(tall, 100, 390), kPane);
+    QRect text;
+    Count(tall, 0, QRect(136, 0, 14, 300), &text);
+    ASSERT_FALSE(text.isEmpty());
+    EXPECT_GT(text.height(), 2 * text.width());
+    EXPECT_LT(text.top(), 10);
+    EXPECT_LT(text.bottom(), 150);
+
+    // Horizontal: a strip along the bottom, the text at its right end.
+    gauge.SetHorizontalMode(true);
+    const QImage wide = Render(gauge, { 400, 150 });
+    EXPECT_EQ(At(wide, 5, 149), kLabel);
+    EXPECT_EQ(At(wide, 5, 100), kPane);
+    QRect line;
+    Count(wide, 0, QRect(200, 135, 200, 15), &line);
+    ASSERT_FALSE(line.isEmpty());
+    EXPECT_GT(line.width(), 2 * line.height());
+    EXPECT_GT(line.right(), 380);
+    EXPECT_GT(line.left(), 250);
+}
+
+TEST_F(UpDownIndicatorTest, ReferenceLabelAndBarDependOnTheValues)
+{
+    // The label background shows left of the name strip only for a reference label.
+    const struct { double ref, value; bool label, bar; } cases[] = {
+        { 0.0, 3.0, false, true },
+        { 2.0, 3.0, true, true },
+        { 2.0, 2.0, false, false }, // value on the reference: no bar, the pointer hides the label
+        { 0.0, 0.0, false, false },
+        { -0.5, 0.0, true, true },
+    };
+    for (bool horizontal : { false, true }) {
+        for (const auto& c : cases) {
+            UpDownIndicator gauge;
+            gauge.SetHorizontalMode(horizontal);
+            gauge.SetRefValue(c.ref);
+            gauge.SetDeltaValue(c.value);
+            const QImage image = Render(gauge, { 300, 300 });
+            const int edge = NameStripEdge(image, horizontal);
+            const QRect body = horizontal ? QRect(0, 0, 300, edge) : QRect(0, 0, edge, 300);
+            EXPECT_EQ(Count(image, kLabel, body) > 0, c.label) << horizontal << " ref " << c.ref << " value " << c.value;
+            EXPECT_EQ(Count(image, kAbove) + Count(image, kBelow) > 0, c.bar)
+                << horizontal << " ref " << c.ref << " value " << c.value;
+        }
+    }
+}
+
+TEST_F(UpDownIndicatorTest, LayersShareTheRectangle)
+{
+    UpDownIndicator gauge;
+    gauge.SetNumLayers(3);
+    gauge.SetLayerIndex(1);
+    const QRect pane(0, 0, 300, 200);
+    for (const auto& [x, inside] : { std::pair { 99, false }, { 100, true }, { 199, true }, { 200, false } })
+        EXPECT_EQ(gauge.CheckPtInIndicator({ x, 50 }, pane), inside) << x;
+    const QImage image = Render(gauge, { 300, 200 });
+    EXPECT_EQ(At(image, 99, 50), kOutside);
+    EXPECT_EQ(At(image, 100, 50), kPane);
+    EXPECT_EQ(At(image, 199, 50), kPane);
+    EXPECT_EQ(At(image, 200, 50), kOutside);
+
+    gauge.SetHorizontalMode(true); // layers are stacked rows
+    EXPECT_TRUE(gauge.CheckPtInIndicator({ 10, 66 }, { 0, 0, 300, 200 }));
+    EXPECT_FALSE(gauge.CheckPtInIndicator({ 10, 65 }, { 0, 0, 300, 200 }));
+    EXPECT_FALSE(gauge.CheckPtInIndicator({ 10, 132 }, { 0, 0, 300, 200 }));
+
+    // A layer that does not exist has no strip and draws nothing.
+    gauge.SetLayerIndex(3);
+    gauge.SetDeltaValue(5.0);
+    EXPECT_FALSE(gauge.CheckPtInIndicator({ 10, 10 }, pane));
+    EXPECT_EQ(Count(Render(gauge, { 300, 200 }), kOutside), 300 * 200);
+}
+
+TEST_F(UpDownIndicatorTest, BadRangesAndValuesFillOnlyThePane)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const struct { double axisMin, axisMax, ref, value; } cases[] = {
+        { 5.0, 5.0, 1.0, 2.0 }, { nan, 10.0, 1.0, 2.0 }, { -10.0, 10.0, nan, 2.0 },
+        { -10.0, 10.0, 1.0, nan }, { -10.0, std::numeric_limits<double>::infinity(), 1.0, 2.0 },
+    };
+    for (const auto& c : cases) {
+        UpDownIndicator gauge;
+        gauge.SetAxisRange(c.axisMin, c.axisMax);
+        gauge.SetRefValue(c.ref);
+        gauge.SetDeltaValue(c.value);
+        EXPECT_EQ(Count(Render(gauge, { 100, 100 }), kPane), 100 * 100);
+    }
+    // Not valid: only the pane, whatever the values; Clear makes it so again.
+    UpDownIndicator gauge;
+    EXPECT_EQ(Count(Render(gauge, { 100, 100 }), kPane), 100 * 100);
+    gauge.SetDeltaValue(3.0);
+    EXPECT_LT(Count(Render(gauge, { 100, 100 }), kPane), 100 * 100);
+    gauge.Clear();
+    EXPECT_EQ(Count(Render(gauge, { 100, 100 }), kPane), 100 * 100);
+}
+
+TEST_F(UpDownIndicatorTest, MarkersComeFromTheModeTheyBelongTo)
+{
+    // "MinMaxMarker" counts in mode 1 only, SetMinMaxMarker in mode 2 only.
+    const std::pair<int, std::pair<double, double>> cases[] = {
+        { 0, { 0.0, 0.0 } }, { 1, { 1.0, 2.0 } }, { 2, { -3.0, 4.0 } } };
+    for (const auto& [mode, expected] : cases) {
+        CAttributeMap map;
+        map.SetAttribValue(UpDownIndicator::ATTR_SHOWMINMAXMARKER, mode);
+        map.SetAttribValue(UpDownIndicator::ATTR_MINMAXMARKER, qMakePair(1.0, 2.0));
+        UpDownIndicator gauge;
+        gauge.LoadAttributes(map);
+        gauge.SetMinMaxMarker(-3.0, 4.0);
+        double lo = 0, hi = 0;
+        gauge.GetMinMaxMarker(lo, hi);
+        EXPECT_EQ(std::pair(lo, hi), expected) << "mode " << mode;
+    }
+}
+
+TEST_F(UpDownIndicatorTest, LoadAttributesReadsEverySetting)
+{
+    CAttributeMap map;
+    map.SetAttribColor(ATTR_PANECOLOR, RGB(10, 20, 30));
+    map.SetAttribColor(ATTR_ABOVECOLOR, RGB(40, 50, 60));
+    map.SetAttribColor(UpDownIndicator::ATTR_INSIDECOLOR, RGB(70, 80, 90));
+    map.SetAttribColor(ATTR_BELOWCOLOR, RGB(100, 110, 120));
+    map.SetAttribColor(ATTR_TEXTCOLOR, RGB(0, 0, 250));
+    map.SetAttribColor(ATTR_BCKGNDCOLOR, RGB(130, 140, 150));
+    map.SetAttribColor(UpDownIndicator::ATTR_LABELBACKGROUNDCOLOR, RGB(160, 170, 180));
+    map.SetAttribValue(ATTR_YAXISRANGE, qMakePair(0.0, 40.0));
+    map.SetAttribValue(UpDownIndicator::ATTR_SHOWMINMAXMARKER, 1);
+    map.SetAttribValue(UpDownIndicator::ATTR_MINMAXMARKER, qMakePair(10.0, 20.0));
+    map.SetAttribValue(QStringLiteral("HorzontalMode"), true);
+    UpDownIndicator gauge;
+    gauge.LoadAttributes(map);
+
+    // Horizontal, 400 px over 0..40: x = 10 v; band 100..200.
+    gauge.SetRefValue(5.0);
+    gauge.SetDeltaValue(30.0);
+    const QImage image = Render(gauge, { 400, 100 });
+    EXPECT_EQ(At(image, 20, 10), RGB(10, 20, 30));
+    EXPECT_EQ(At(image, 75, 10), RGB(100, 110, 120));
+    EXPECT_EQ(At(image, 150, 10), RGB(70, 80, 90));
+    EXPECT_EQ(At(image, 250, 10), RGB(40, 50, 60));
+    EXPECT_EQ(At(image, 5, 99), RGB(160, 170, 180));
+    EXPECT_GT(Count(image, RGB(130, 140, 150)), 0);
+    EXPECT_GT(Count(image, RGB(0, 0, 250)), 0);
+
+    // The key is spelled as hosts store it: the correct spelling is not read.
+    map.Remove(QStringLiteral("HorzontalMode"));
+    map.SetAttribValue(QStringLiteral("HorizontalMode"), true);
+    UpDownIndicator vertical;
+    vertical.LoadAttributes(map);
+    EXPECT_FALSE(vertical.IsHorizontalMode());
+}
+
+TEST_F(UpDownIndicatorTest, ResetButtonIsHitOnlyWhenShownAndInside)
+{
+    UpDownIndicator gauge;
+    ASSERT_FALSE(gauge.GetResetImage().isNull());
+    EXPECT_EQ(gauge.GetResetImage().size(), QSize(16, 15));
+    EXPECT_FALSE(gauge.CheckResetBtn({ 12, 12 }));
+    gauge.ShowResetButton(true);
+    EXPECT_TRUE(gauge.CheckResetBtn({ 12, 12 })); // not drawn yet: at the origin
+
+    // Drawn into a strip at (100, 50): the 24-px button is centred at (114, 64).
+    gauge.SetDeltaValue(-5.0);
+    const QImage image = Render(gauge, { 300, 300 }, QRect(100, 50, 200, 250));
+    const struct { QPoint p; bool hit; } points[] = {
+        { { 114, 64 }, true }, { { 102, 64 }, true }, { { 125, 64 }, true }, { { 114, 52 }, true },
+        { { 101, 64 }, false }, { { 126, 64 }, false }, { { 114, 76 }, false },
+        { { 102, 52 }, false }, // the rounded corner
+        { { 12, 12 }, false },
+    };
+    for (const auto& point : points)
+        EXPECT_EQ(gauge.CheckResetBtn(point.p), point.hit) << point.p.x() << "," << point.p.y();
+    EXPECT_EQ(At(image, 102, 64), RGB(255, 255, 255)); // the outline
+    const QRect imageArea(106, 57, 16, 15);
+    EXPECT_GT(Count(image, 0, imageArea), 20);         // the black arrow
+    EXPECT_EQ(Count(image, RGB(192, 192, 192), imageArea), 0); // the key grey is transparent
+
+    gauge.ShowResetButton(false);
+    EXPECT_FALSE(gauge.CheckResetBtn({ 114, 64 }));
+    EXPECT_EQ(Count(Render(gauge, { 300, 300 }, QRect(100, 50, 200, 250)), RGB(255, 255, 255)), 0);
+}
+
+TEST_F(UpDownIndicatorTest, NightModeMapsThePaneButNotTheBand)
+{
+    QFile map(project.CommonFolder() + QStringLiteral("/ColorMaps/night.cmap"));
+    ASSERT_TRUE(map.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    // pane grey -> dark blue, black -> red, the below colour -> green
+    map.write("[QEL_COLORS]\n8421504 = 3153936\n0 = 255\n225 = 65280\n");
+    map.close();
+    ColorControl& colors = ColorControl::Instance();
+    colors.SetLightMode(ColorConverter::normal, false);
+    colors.SetLightMode(ColorConverter::night, false);
+
+    UpDownIndicator gauge; // made in night mode: the button's black turns red once
+    gauge.ShowResetButton(true);
+    gauge.SetRefValue(0.0);
+    gauge.SetDeltaValue(-6.0);
+    const QImage image = Render(gauge, { 200, 400 });
+    colors.SetLightMode(ColorConverter::normal, false);
+
+    EXPECT_EQ(At(image, 100, 100), RGB(0x10, 0x20, 0x30));
+    EXPECT_EQ(At(image, 20, 250), kBelow);
+    EXPECT_GT(Count(image, RGB(255, 0, 0), QRect(6, 7, 16, 15)), 20);
+    EXPECT_EQ(Count(image, 0), 0);
+}
+
+} // namespace
