@@ -449,11 +449,6 @@ TEST_F(MeasureDlgTest, AltitudeRowOnlyInThreeD)
 
 TEST_F(MeasureDlgTest, PlacedAtTheParentsCornerAndFontsFollowTheSize)
 {
-#ifdef __SANITIZE_THREAD__
-    // Painting large windows makes QtGui convert images on its own pooled threads, whose
-    // locking the thread sanitizer cannot see (Qt is not built with it).
-    GTEST_SKIP() << "large-window painting is not run under the thread sanitizer";
-#endif
     QWidget host;
     host.setGeometry(120, 90, 600, 400);
     host.show();
