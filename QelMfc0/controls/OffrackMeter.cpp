@@ -4,6 +4,7 @@
 #include <QelConfigure/DataSearch.h>
 #include <QelConfigure/ProjectDefinition.h>
 #include <QelMfc0/ColorRef.h>
+#include <QelMfc0/GdiShapes.h>
 #include <QelMfc0/FontInfo.h>
 #include <QelMfc0/GDISelector.h>
 #include <QelMfc0/PECFont.h>
@@ -25,41 +26,6 @@ namespace {
 QColor ModeColor(COLORREF color)
 {
     return toQColor(ColorControl::Instance().GetColor(color, false));
-}
-
-// A solid 1-pixel pen.
-QPen ThinPen(const QColor& color)
-{
-    QPen pen(color, 1);
-    pen.setCosmetic(true);
-    pen.setJoinStyle(Qt::MiterJoin);
-    return pen;
-}
-
-// GDI's MoveTo(x, y1) + LineTo(x, y2): a vertical line without its last pixel.
-void GdiVerticalLine(QPainter* painter, int x, int y1, int y2)
-{
-    if (y1 == y2)
-        return;
-    const int last = y2 > y1 ? y2 - 1 : y2 + 1;
-    if (last == y1)
-        painter->drawPoint(x, y1);
-    else
-        painter->drawLine(x, y1, x, last);
-}
-
-// GDI's Rectangle(l, t, r, b): outline in the pen and fill in the brush, covering the columns
-// l..r-1 and rows t..b-1 of the normalised rectangle. A 1-pixel stroked QRect covers one
-// pixel beyond its width, hence the width and height less one.
-void GdiRectangle(QPainter* painter, int left, int top, int right, int bottom)
-{
-    if (left > right)
-        std::swap(left, right);
-    if (top > bottom)
-        std::swap(top, bottom);
-    if (right == left || bottom == top)
-        return;
-    painter->drawRect(QRect(left, top, right - left - 1, bottom - top - 1));
 }
 
 // The number of decimals of distances: the open project's, else 2.
@@ -167,13 +133,13 @@ void OffrackMeter::Draw(QPainter* painter, const QRect& rect, QWidget* window) c
     {
         const bool antialiased = painter->testRenderHint(QPainter::Antialiasing);
         painter->setRenderHint(QPainter::Antialiasing, false);
-        GDISelector pen(painter, ThinPen(ModeColor(m_color)));
+        GDISelector pen(painter, GdiThinPen(ModeColor(m_color)));
         GDISelector brush(painter, QBrush(ModeColor(m_bkColor)));
         if (end < centre) {
             GDISelector left(painter, QBrush(toQColor(m_leftColor)));
             GdiRectangle(painter, end, top, centre, bottom);
         } else if (end == centre) {
-            GdiVerticalLine(painter, centre, top, bottom);
+            GdiLine(painter, QPoint(centre, top), QPoint(centre, bottom));
         } else {
             GDISelector rightBrush(painter, QBrush(toQColor(m_rightColor)));
             GdiRectangle(painter, centre, top, std::min(end, right), bottom);
@@ -196,7 +162,7 @@ void OffrackMeter::DrawScaleAnnotation(QPainter* painter, const QRect& rect, QWi
     painter->setClipRect(rect, Qt::ReplaceClip);
 
     const QColor foreground = ModeColor(m_color);
-    painter->setPen(ThinPen(foreground));
+    painter->setPen(GdiThinPen(foreground));
     PECFont font;
     if (font.Create(m_fontFace, m_fontSize, m_italic, m_bold, painter->device(), true))
         painter->setFont(font);
@@ -208,8 +174,8 @@ void OffrackMeter::DrawScaleAnnotation(QPainter* painter, const QRect& rect, QWi
 
     auto tick = [&](double v) {
         const int x = ReadingToPixelPos(rect, v);
-        GdiVerticalLine(painter, x, height, height - kTickLength);
-        GdiVerticalLine(painter, x, top, top + kTickLength);
+        GdiLine(painter, QPoint(x, height), QPoint(x, height - kTickLength));
+        GdiLine(painter, QPoint(x, top), QPoint(x, top + kTickLength));
         DrawCentredText(painter, x, top + kTickLength, FormatDistance(v, decimals));
     };
     if (step > 0.0) {
@@ -257,6 +223,6 @@ void OffrackMeter::DrawActualValue(QPainter* painter, const QRect& rect, int x) 
     // An opaque text cell: the background colour under the text's extent, then the text.
     const int y = rect.y() + rect.height() + 1;
     painter->fillRect(QRect(x - width / 2, y, width, metrics.height()), ModeColor(m_bkColor));
-    GDISelector pen(painter, ThinPen(ModeColor(m_color)));
+    GDISelector pen(painter, GdiThinPen(ModeColor(m_color)));
     DrawCentredText(painter, x, y, text);
 }

@@ -6,6 +6,7 @@
 #include <QelConfigure/DataSearch.h>
 #include <QelConfigure/QelFormatter.h>
 #include <QelMfc0/ColorRef.h>
+#include <QelMfc0/GdiShapes.h>
 #include <QelMfc0/colour/ColorControl.h>
 
 #include <QFontMetrics>
@@ -34,19 +35,6 @@ COLORREF Mode(COLORREF color)
 int Limit(int value, int low, int high)
 {
     return std::max(low, std::min(value, high));
-}
-
-// A line from `a` towards `b` without the end point itself, for horizontal and vertical
-// lines (the only ones the gauge draws).
-void DrawLineTo(QPainter* painter, QPoint a, QPoint b)
-{
-    if (a == b)
-        return;
-    if (a.x() == b.x())
-        b.ry() += (b.y() > a.y()) ? -1 : 1;
-    else if (a.y() == b.y())
-        b.rx() += (b.x() > a.x()) ? -1 : 1;
-    painter->drawLine(a, b);
 }
 
 // Text whose cell's bottom-left corner is at (x, bottom), clipped to `clip`; with `opaque`
@@ -354,7 +342,7 @@ void UpDownIndicator::DrawVertical(QPainter* painter, const Box& r, int m, const
             fill(yVal, c, m_aboveColor);
     }
 
-    DrawLineTo(painter, QPoint(r.left, r.top), QPoint(r.left, r.bottom));
+    GdiLine(painter, QPoint(r.left, r.top), QPoint(r.left, r.bottom));
 
     const QelFormatter formatter;
     const QFontMetrics metrics = painter->fontMetrics();
@@ -373,7 +361,7 @@ void UpDownIndicator::DrawVertical(QPainter* painter, const Box& r, int m, const
     const int ty = metrics.height();
     const int yPtr = Limit(yVal, r.top + m, r.bottom - m);
     const int x0 = std::max(r.left, L - tx - m - 5);
-    DrawLineTo(painter, QPoint(r.left, yVal), QPoint(x0, yVal));
+    GdiLine(painter, QPoint(r.left, yVal), QPoint(x0, yVal));
     const QPoint p[7] = { { x0 + m, yVal - m }, { x0, yVal },         { x0 + m, yVal + m },
                           { x0 + m, yPtr + m }, { L - 1, yPtr + m }, { L - 1, yPtr - m },
                           { x0 + m, yPtr - m } };
@@ -448,7 +436,7 @@ void UpDownIndicator::DrawHorizontal(QPainter* painter, const Box& r, int m,
             fill(xVal, c, m_belowColor);
     }
 
-    DrawLineTo(painter, QPoint(r.left, r.top), QPoint(r.right, r.top));
+    GdiLine(painter, QPoint(r.left, r.top), QPoint(r.right, r.top));
 
     const QelFormatter formatter;
     const QFontMetrics metrics = painter->fontMetrics();
@@ -467,7 +455,7 @@ void UpDownIndicator::DrawHorizontal(QPainter* painter, const Box& r, int m,
     const int hw = tx / 2 + 3;
     const int xPtr = Limit(xVal, r.left + hw, r.right - hw);
     const int y0 = std::max(r.top, B - ty - m - 5);
-    DrawLineTo(painter, QPoint(xVal, r.top), QPoint(xVal, y0));
+    GdiLine(painter, QPoint(xVal, r.top), QPoint(xVal, y0));
     const QPoint p[7] = { { xVal - m, y0 + m }, { xVal, y0 },          { xVal + m, y0 + m },
                           { xPtr + hw, y0 + m }, { xPtr + hw, B - 1 }, { xPtr - hw, B - 1 },
                           { xPtr - hw, y0 + m } };
@@ -500,8 +488,8 @@ void UpDownIndicator::DrawMarkerLines(QPainter* painter, const QPoint& a1, const
     pen.setDashPattern({ 7.0, 5.0 });
     painter->save();
     painter->setPen(pen);
-    DrawLineTo(painter, a1, a2);
-    DrawLineTo(painter, b1, b2);
+    GdiLine(painter, a1, a2);
+    GdiLine(painter, b1, b2);
     painter->restore();
 }
 
