@@ -72,7 +72,6 @@ TEST_F(CoordinateCtrlTest, InitialFormatFollowsProjectAndModeFlags)
     project().SetGeogsFlags(3);
     Ctrl* ctrl = make();
     EXPECT_EQ(ctrl->FormatType(), Ctrl::fmt_minutes);
-    EXPECT_EQ(make(false, true)->FormatType(), Ctrl::fmt_grid);
     // The coordinate system (on WGS 84) is taken only when no mode flag is given.
     EXPECT_EQ(ctrl->FormatButton()->text(), QStringLiteral("Sat.\nLat/Lon"));
     EXPECT_EQ(make(true)->FormatButton()->text(), QStringLiteral("Lat/Lon"));
