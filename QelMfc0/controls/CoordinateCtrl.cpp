@@ -2,6 +2,7 @@
 
 #include "QelMfc0/StringTable.h"
 #include "QelMfc0/controls/PlaceholderReplacement.h"
+#include "QelMfc0/controls/ProjectFollower.h"
 
 #include <QelBase/DisplayScale.h>
 #include <QelBase/GeoText.h>
@@ -88,8 +89,9 @@ CCoordinateCtrl::CCoordinateCtrl(bool geogOnly, bool gridOnly, QWidget* parent)
     : QWidget(parent)
     , m_geogOnly(geogOnly)
     , m_gridOnly(gridOnly)
+    , m_useCoordSys(!geogOnly && !gridOnly)
 {
-    readProject(!geogOnly && !gridOnly);
+    readProjectSettings();
     const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition();
     int coordFormat = ProjectDefinition::COORD_GRID;
     if (geogOnly)
@@ -97,6 +99,7 @@ CCoordinateCtrl::CCoordinateCtrl(bool geogOnly, bool gridOnly, QWidget* parent)
     else if (!gridOnly && project)
         coordFormat = project->GetCoordinateFormat();
     applyProjectCoordFormat(coordFormat);
+    ProjectFollower::Follow(this, [this] { onProjectClosing(); }, [this] { onProjectChanged(); });
 }
 
 CCoordinateCtrl::~CCoordinateCtrl()
@@ -109,7 +112,7 @@ CCoordinateCtrl::~CCoordinateCtrl()
         m_edit2->removeEventFilter(this);
 }
 
-void CCoordinateCtrl::readProject(bool takeCoordSys)
+void CCoordinateCtrl::readProjectSettings()
 {
     const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition();
     if (!project)
@@ -120,8 +123,41 @@ void CCoordinateCtrl::readProject(bool takeCoordSys)
     project->GetFeetsFlags(m_feetFlags);
     if (project->GetUnitCnv().GetUnitMnem(1) != QLatin1String("ft"))
         m_feetFlags = 0;
-    if (takeCoordSys)
-        m_coordSys = project->GetGeoCoordSys();
+}
+
+const QelGeoCoordSysBase* CCoordinateCtrl::coordSys() const
+{
+    if (!m_useCoordSys)
+        return nullptr;
+    const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition();
+    return project ? project->GetGeoCoordSys() : nullptr;
+}
+
+void CCoordinateCtrl::onProjectClosing()
+{
+    // Typed text is read in the terms it was typed in, while the old project is still open.
+    m_hadCoordSys = coordSys() != nullptr;
+    if (!m_empty)
+        readPosition();
+}
+
+void CCoordinateCtrl::onProjectChanged()
+{
+    readProjectSettings();
+    if (m_button)
+        m_button->setText(FormatLabel(m_format));
+    if (m_empty)
+        return;
+    if (const QelGeoCoordSysBase* system = coordSys()) {
+        // Both forms agreed in the old project: keep the place on earth. Without a coordinate
+        // system there, the form the control showed is kept and the other one derived.
+        if (m_hadCoordSys || isGeographic(m_format))
+            system->GeoToGrid(m_latitude, m_longitude, m_x, m_y);
+        else
+            system->GridToGeo(m_x, m_y, m_latitude, m_longitude);
+    }
+    m_valid = true;
+    showPosition();
 }
 
 void CCoordinateCtrl::applyGeogsFlags()
@@ -233,7 +269,7 @@ void CCoordinateCtrl::SetGeogGrid()
     m_gridOnly = false;
     const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition();
     applyProjectCoordFormat(project ? int(project->GetCoordinateFormat()) : int(ProjectDefinition::COORD_GRID));
-    m_coordSys = project ? project->GetGeoCoordSys() : nullptr;
+    m_useCoordSys = true;
 }
 
 void CCoordinateCtrl::SetCoordinateFormat(int projectCoordFormat)
@@ -245,8 +281,8 @@ void CCoordinateCtrl::SetLatLon(double latitude, double longitude)
 {
     m_latitude = latitude;
     m_longitude = longitude;
-    if (m_coordSys)
-        m_coordSys->GeoToGrid(latitude, longitude, m_x, m_y);
+    if (const QelGeoCoordSysBase* system = coordSys())
+        system->GeoToGrid(latitude, longitude, m_x, m_y);
     m_valid = true;
     m_empty = false;
     showPosition();
@@ -256,8 +292,8 @@ void CCoordinateCtrl::SetXY(double x, double y)
 {
     m_x = x;
     m_y = y;
-    if (m_coordSys)
-        m_coordSys->GridToGeo(x, y, m_latitude, m_longitude);
+    if (const QelGeoCoordSysBase* system = coordSys())
+        system->GridToGeo(x, y, m_latitude, m_longitude);
     m_valid = true;
     m_empty = false;
     showPosition();
@@ -297,8 +333,8 @@ void CCoordinateCtrl::FormatXY(double x, double y, QString& first, QString& seco
     } else if (isGeographic(m_format)) {
         double latitude = 0.0;
         double longitude = 0.0;
-        if (m_coordSys)
-            m_coordSys->GridToGeo(x, y, latitude, longitude);
+        if (const QelGeoCoordSysBase* system = coordSys())
+            system->GridToGeo(x, y, latitude, longitude);
         const unsigned flags = geogsFlagsOf(m_format);
         const int decimals = Decimals(m_format);
         FormatGeogs(latitude, flags, decimals, GeogsKind::LATITUDE, first, true, true);
@@ -416,7 +452,8 @@ void CCoordinateCtrl::ChooseFormat(int menuCommand)
 QString CCoordinateCtrl::FormatLabel(format_type format) const
 {
     if (isGeographic(format)) {
-        const bool satellite = m_coordSys && m_coordSys->IsSatelliteLatLon();
+        const QelGeoCoordSysBase* system = coordSys();
+        const bool satellite = system && system->IsSatelliteLatLon();
         return LoadQelString(satellite ? QelStrings::SAT_LATLON_LABEL : QelStrings::LATLON_LABEL);
     }
     return format == fmt_grid ? LoadQelString(QelStrings::XY_LABEL) : QString();
@@ -573,16 +610,16 @@ void CCoordinateCtrl::readPosition()
         StringToGeo(m_edit2->text(), longitude);
         m_latitude = latitude;
         m_longitude = longitude;
-        if (m_coordSys)
-            m_coordSys->GeoToGrid(m_latitude, m_longitude, m_x, m_y);
+        if (const QelGeoCoordSysBase* system = coordSys())
+            system->GeoToGrid(m_latitude, m_longitude, m_x, m_y);
     } else if (m_format == fmt_grid) {
         const auto parse = [this](const QString& text) {
             return m_feetFlags != 0 ? StringToValue(text) : leadingNumber(text);
         };
         m_x = parse(m_edit1->text());
         m_y = parse(m_edit2->text());
-        if (m_coordSys)
-            m_coordSys->GridToGeo(m_x, m_y, m_latitude, m_longitude);
+        if (const QelGeoCoordSysBase* system = coordSys())
+            system->GridToGeo(m_x, m_y, m_latitude, m_longitude);
     }
     m_valid = true;
 }

@@ -3,8 +3,9 @@
 // A format button on the left (its menu picks the display format) and two stacked edits on
 // the right: latitude or X above, longitude or Y below. With the project's coordinate system
 // the control keeps both forms of the position and converts between them, so switching the
-// format never loses the value. Decimals, flags, feet display and the coordinate system come
-// from the open project (DataSearch) when the control is constructed.
+// format never loses the value. Decimals, flags and feet display come from the open project
+// (DataSearch) and follow it when the host opens another project; the coordinate system is
+// looked up in the open project whenever it is used.
 
 #include <QRect>
 #include <QString>
@@ -21,7 +22,8 @@ class CCoordinateCtrl : public QWidget
     Q_OBJECT
 public:
     // Display formats; the values are kept in attribute maps.
-    enum format_type { fmt_seconds = 0, fmt_minutes = 1, fmt_degrees = 2, fmt_grid = 3 };
+    // A value outside the table is allowed (nothing is shown), so the type is fixed.
+    enum format_type : int { fmt_seconds = 0, fmt_minutes = 1, fmt_degrees = 2, fmt_grid = 3 };
 
     // Notification codes of the signals changed(), formatChosen() and committed().
     static constexpr int COORD_NOTIFY_CHANGED = 1, COORD_NOTIFY_FORMAT = 2, COORD_NOTIFY_COMMITTED = 3;
@@ -32,7 +34,10 @@ public:
     static constexpr int kCmdDegrees = 34400, kCmdMinutes = 34401, kCmdSeconds = 34402, kCmdGrid = 34403;
 
     // Reads decimals, geographic and feet flags, the unit and the initial format from the open
-    // project; the coordinate system only when neither flag is given. Not yet created.
+    // project; uses the project's coordinate system only when neither flag is given. Not yet
+    // created. When the host opens another project the control re-reads the settings and
+    // shows its position again: the same place on earth when both projects have a coordinate
+    // system, else the numbers it showed.
     explicit CCoordinateCtrl(bool geogOnly = false, bool gridOnly = false, QWidget* parent = nullptr);
     ~CCoordinateCtrl() override;
 
@@ -55,7 +60,7 @@ public:
     void SetGeogOnly();
     // Grid only: format fmt_grid, no Lat/Lon in the menu.
     void SetGridOnly();
-    // Both kinds: format from the project's coordinate format, coordinate system from the project.
+    // Both kinds: format from the project's coordinate format, the project's coordinate system used.
     void SetGeogGrid();
     // 1 (grid) gives fmt_grid, 2 (geographic) the format of the geographic flags; others nothing.
     void SetCoordinateFormat(int projectCoordFormat);
@@ -137,7 +142,10 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void readProject(bool takeCoordSys);
+    void readProjectSettings();
+    const QelGeoCoordSysBase* coordSys() const; // the open project's, when the control uses one
+    void onProjectClosing();
+    void onProjectChanged();
     void applyGeogsFlags();
     void applyProjectCoordFormat(int projectCoordFormat);
     void layoutChildren();
@@ -160,7 +168,8 @@ private:
     unsigned m_geogsFlags = 7;
     bool m_geogOnly = false;
     bool m_gridOnly = false;
-    QelGeoCoordSysBase* m_coordSys = nullptr; // the project's, not owned
+    bool m_useCoordSys = false; // converts through the open project's coordinate system
+    bool m_hadCoordSys = false; // the closing project had one (during a project switch)
     double m_x = 0.0;
     double m_y = 0.0;
     double m_latitude = 0.0;

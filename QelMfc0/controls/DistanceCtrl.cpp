@@ -1,6 +1,7 @@
 #include <QelMfc0/controls/DistanceCtrl.h>
 
 #include <QelMfc0/controls/PlaceholderReplacement.h>
+#include <QelMfc0/controls/ProjectFollower.h>
 
 #include <QelBase/DisplayScale.h>
 #include <QelBase/GeoText.h>
@@ -65,6 +66,7 @@ DistanceCtrl::DistanceCtrl(QWidget* parent)
     readUnits();
     layoutChildren();
     m_notify = true;
+    ProjectFollower::Follow(this, nullptr, [this] { onProjectChanged(); });
 }
 
 DistanceCtrl::~DistanceCtrl() = default;
@@ -84,6 +86,7 @@ void DistanceCtrl::readUnits()
     if (projectUnits.GetUnit(kSystemUnitKind, factor, offset, name, projectKey, mnemonic)) {
         m_projectFactor = factor;
         m_projectOffset = offset;
+        m_projectKey = projectKey;
     }
 
     UnitDefinition file;
@@ -141,6 +144,34 @@ void DistanceCtrl::finishCreate(int id)
     m_notify = true;
 }
 
+void DistanceCtrl::onProjectChanged()
+{
+    const CQelUnitCnv converter;
+    const double internal =
+        converter.ToInternalUnit(kDistanceUnitKind, m_distance, m_projectFactor, m_projectOffset);
+    const QString chosenKey = DistUnit();
+    const bool followsProject = chosenKey.isEmpty() || chosenKey == m_projectKey;
+
+    m_units.clear();
+    m_current = 0;
+    m_projectFactor = 1.0;
+    m_projectOffset = 0.0;
+    m_projectKey.clear();
+    readUnits();
+    if (!followsProject) {
+        for (int i = 0; i < m_units.size(); ++i) {
+            if (m_units[i].key == chosenKey) {
+                m_current = i;
+                break;
+            }
+        }
+    }
+    m_distance = converter.ToExternalUnit(kDistanceUnitKind, internal, m_projectFactor, m_projectOffset);
+    // What the user typed stays as typed; a value the control showed is shown again.
+    if (!m_empty && !m_edited)
+        showValue(m_converted && !m_units.isEmpty());
+}
+
 int DistanceCtrl::Id() const
 {
     return m_id;
@@ -151,8 +182,10 @@ void DistanceCtrl::SetDistance(double value, bool convert)
     const QString text = FormatDistance(value, convert);
     m_distance = value;
     m_empty = false;
+    m_converted = convert;
     NotifyOff quiet(m_notify);
     m_edit->setText(text);
+    m_edited = false;
 }
 
 bool DistanceCtrl::GetDistance(double& value) const
@@ -221,6 +254,7 @@ void DistanceCtrl::Clear()
     NotifyOff quiet(m_notify);
     m_edit->clear();
     m_empty = true;
+    m_edited = false;
 }
 
 void DistanceCtrl::SetReadOnly()
@@ -314,6 +348,8 @@ void DistanceCtrl::showValue(bool convert)
 {
     NotifyOff quiet(m_notify);
     m_edit->setText(FormatDistance(m_distance, convert));
+    m_converted = convert;
+    m_edited = false;
 }
 
 void DistanceCtrl::onTextChanged()
@@ -321,6 +357,7 @@ void DistanceCtrl::onTextChanged()
     if (!m_notify)
         return;
     m_empty = false;
+    m_edited = true;
     emit changed();
 }
 

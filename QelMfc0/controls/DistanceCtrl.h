@@ -2,7 +2,9 @@
 // Entry and display of one distance: a unit button on the left and a single-line edit on its
 // right. The value is held in the project's unit; the edit shows it converted into the unit
 // chosen from the button's menu (the distance units of the suite's units file), with the
-// unit's abbreviation behind it.
+// unit's abbreviation behind it. When the host opens another project the control re-reads the
+// units, decimals and project unit: the value keeps its length in the new project's unit, and
+// the unit shown follows the project's unless the user or host picked another one.
 
 #include <QList>
 #include <QRect>
@@ -118,6 +120,7 @@ protected:
 
 private:
     void readUnits();
+    void onProjectChanged();
     void layoutChildren();
     void finishCreate(int id);
     void showValue(bool convert);
@@ -131,7 +134,10 @@ private:
     int m_current = 0;
     double m_projectFactor = 1.0;
     double m_projectOffset = 0.0;
+    QString m_projectKey;     // key of the project's distance unit
     double m_distance = 0.0;
+    bool m_converted = true;  // the value was last shown converted into the current unit
+    bool m_edited = false;    // the text was typed since the value was last shown
     bool m_empty = true;
     bool m_notify = false;
     int m_id = 0;

@@ -2,6 +2,7 @@
 
 #include "QelMfc0/controls/DistanceCtrl.h"
 #include "QelMfc0/controls/PlaceholderReplacement.h"
+#include "QelMfc0/controls/ProjectFollower.h"
 
 #include <QelBase/DisplayScale.h>
 #include <QelBase/NumberUtils.h>
@@ -56,6 +57,24 @@ void CMeasureBrgDistDlg::InitDialog()
     QString key;
     if (m_support.StoredDistUnit(key))
         m_distanceCtrl->SetDistUnit(key);
+    // Followed after the distance control, which takes in the new project first.
+    ProjectFollower::Follow(this, [this] { OnProjectClosing(); }, [this] { OnProjectChanged(); });
+}
+
+void CMeasureBrgDistDlg::OnProjectClosing()
+{
+    m_carriedFrom = MeasureSupport::CarryOut(m_from);
+    m_carriedTo = MeasureSupport::CarryOut(m_to);
+}
+
+void CMeasureBrgDistDlg::OnProjectChanged()
+{
+    QString key;
+    if (m_support.StoredDistUnit(key))
+        m_distanceCtrl->SetDistUnit(key);
+    m_from = MeasureSupport::CarryIn(m_carriedFrom);
+    m_to = MeasureSupport::CarryIn(m_carriedTo);
+    Recompute();
 }
 
 void CMeasureBrgDistDlg::SetFromPos(const Point& from)

@@ -48,12 +48,16 @@ private:
     void InitDialog();
     void Recompute();
     void OnDistUnitChange();
+    void OnProjectClosing();
+    void OnProjectChanged();
 
     QLabel* m_bearingLabel = nullptr;
     QLineEdit* m_bearing = nullptr;
     DistanceCtrl* m_distanceCtrl = nullptr;
     Point m_from;
     Point m_to;
+    MeasureSupport::CarriedPoint m_carriedFrom; // during a project switch
+    MeasureSupport::CarriedPoint m_carriedTo;
     bool m_fromSet = false;
     bool m_toSet = false;
 };

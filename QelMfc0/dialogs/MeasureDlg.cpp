@@ -4,6 +4,7 @@
 #include "QelMfc0/controls/CoordinateCtrl.h"
 #include "QelMfc0/controls/DistanceCtrl.h"
 #include "QelMfc0/controls/PlaceholderReplacement.h"
+#include "QelMfc0/controls/ProjectFollower.h"
 
 #include <QelBase/DisplayScale.h>
 #include <QelBase/NumberUtils.h>
@@ -125,6 +126,23 @@ void CMeasureDlg::InitDialog()
 
     m_support.MoveToParentCorner();
     ApplyRememberedChoices();
+    // Followed after the controls, which take in the new project before the dialog refills them.
+    ProjectFollower::Follow(this, [this] { OnProjectClosing(); }, [this] { OnProjectChanged(); });
+}
+
+void CMeasureDlg::OnProjectClosing()
+{
+    m_carriedFrom = MeasureSupport::CarryOut(m_from);
+    m_carriedTo = MeasureSupport::CarryOut(m_to);
+}
+
+void CMeasureDlg::OnProjectChanged()
+{
+    ApplyRememberedChoices();
+    if (m_fromSet)
+        SetFromPos(MeasureSupport::CarryIn(m_carriedFrom));
+    if (m_toSet)
+        SetToPos(MeasureSupport::CarryIn(m_carriedTo));
 }
 
 void CMeasureDlg::ApplyRememberedChoices()
@@ -239,10 +257,7 @@ void CMeasureDlg::SetDistUnit(const QString& key)
 
 void CMeasureDlg::SetCoordFormat(int format)
 {
-    if (format < CCoordinateCtrl::fmt_seconds || format > CCoordinateCtrl::fmt_grid)
-        return;
-    // A grid-only dialog has no geographic formats to show or to remember.
-    if (m_gridOnly && format != CCoordinateCtrl::fmt_grid)
+    if (format < 0)
         return;
     m_fromCtrl->SetFormatType(CCoordinateCtrl::format_type(format));
     if (m_toSet)

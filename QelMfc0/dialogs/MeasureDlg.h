@@ -60,7 +60,7 @@ public:
     // Shows distances in the unit with that key, recomputes and remembers the key.
     void SetDistUnit(const QString& key);
     // Shows positions in `format` (a CCoordinateCtrl::format_type) and remembers it; negative
-    // values are ignored.
+    // values are ignored. A grid-only dialog takes it too: only its format menu is restricted.
     void SetCoordFormat(int format);
     // True: the from control shows and offers the grid only; false: grid and geographic.
     void SetGridOnly(bool gridOnly);
@@ -92,6 +92,8 @@ private:
     void ApplyRememberedChoices();
     void OnFromCoordFormatChange();
     void OnDistUnitChange();
+    void OnProjectClosing();
+    void OnProjectChanged();
     QLineEdit* Field(int id) const;
     QLabel* Label(int id) const;
 
@@ -99,6 +101,8 @@ private:
     DistanceCtrl* m_distanceCtrl = nullptr;
     Point m_from;
     Point m_to;
+    MeasureSupport::CarriedPoint m_carriedFrom; // during a project switch
+    MeasureSupport::CarriedPoint m_carriedTo;
     bool m_fromSet = false;
     bool m_toSet = false;
     bool m_threeD;

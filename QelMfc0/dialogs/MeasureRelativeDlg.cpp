@@ -3,6 +3,7 @@
 #include "QelMfc0/controls/CoordinateCtrl.h"
 #include "QelMfc0/controls/DistanceCtrl.h"
 #include "QelMfc0/controls/PlaceholderReplacement.h"
+#include "QelMfc0/controls/ProjectFollower.h"
 
 #include <QelBase/DisplayScale.h>
 #include <QelBase/NumberUtils.h>
@@ -84,22 +85,45 @@ void MeasureRelativeDlg::InitDialog()
     if (m_support.StoredDistUnit(key))
         ApplyDistUnit(key);
     ApplyCoordFormat(m_support.StoredCoordFormat());
+    // Followed after the controls, which take in the new project before the dialog refills them.
+    ProjectFollower::Follow(this, [this] { OnProjectClosing(); }, [this] { OnProjectChanged(); });
+}
+
+void MeasureRelativeDlg::OnProjectClosing()
+{
+    m_carried = { MeasureSupport::CarryOut(m_start), MeasureSupport::CarryOut(m_current),
+                  MeasureSupport::CarryOut(m_end) };
+}
+
+void MeasureRelativeDlg::OnProjectChanged()
+{
+    Clear();
+    if (m_startSet)
+        SetStartPos(MeasureSupport::CarryIn(m_carried[0]));
+    if (m_endSet)
+        SetEndPos(MeasureSupport::CarryIn(m_carried[2]));
+    if (m_currentSet)
+        SetCurrentPos(MeasureSupport::CarryIn(m_carried[1]));
 }
 
 void MeasureRelativeDlg::SetStartPos(const Point& start)
 {
     m_start = start;
+    m_startSet = true;
     m_coord[0]->SetXY(start.x, start.y);
 }
 
 void MeasureRelativeDlg::SetEndPos(const Point& end)
 {
     m_end = end;
+    m_endSet = true;
     m_coord[2]->SetXY(end.x, end.y);
 }
 
 void MeasureRelativeDlg::SetCurrentPos(const Point& current)
 {
+    m_current = current;
+    m_currentSet = true;
     m_coord[1]->SetXY(current.x, current.y);
 
     const Point line = m_end - m_start;
@@ -123,7 +147,7 @@ void MeasureRelativeDlg::ApplyDistUnit(const QString& key)
 
 void MeasureRelativeDlg::ApplyCoordFormat(int format)
 {
-    if (format < CCoordinateCtrl::fmt_seconds || format > CCoordinateCtrl::fmt_grid)
+    if (format < 0)
         return;
     for (CCoordinateCtrl* coord : m_coord)
         coord->SetFormatType(CCoordinateCtrl::format_type(format));
@@ -137,7 +161,7 @@ void MeasureRelativeDlg::SetDistUnit(const QString& key)
 
 void MeasureRelativeDlg::SetCoordFormat(int format)
 {
-    if (format < CCoordinateCtrl::fmt_seconds || format > CCoordinateCtrl::fmt_grid)
+    if (format < 0)
         return;
     ApplyCoordFormat(format);
     m_support.StoreCoordFormat(format);

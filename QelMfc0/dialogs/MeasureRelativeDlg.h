@@ -73,10 +73,18 @@ private:
     void ApplyCoordFormat(int format);
     void OnCoordFormatChange(CCoordinateCtrl* source);
     void OnDistUnitChange(DistanceCtrl* source);
+    void OnProjectClosing();
+    void OnProjectChanged();
+    void ShowCurrent();
 
     std::array<CCoordinateCtrl*, 3> m_coord {};   // start, current, end
     std::array<DistanceCtrl*, 3> m_dist {};       // from start, off-track, to end
     std::array<QLabel*, 3> m_labels {};           // over the position controls
     Point m_start;
     Point m_end;
+    Point m_current;
+    bool m_startSet = false;
+    bool m_endSet = false;
+    bool m_currentSet = false;
+    std::array<MeasureSupport::CarriedPoint, 3> m_carried {}; // start, current, end during a switch
 };

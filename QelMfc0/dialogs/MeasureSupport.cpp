@@ -38,7 +38,41 @@ QelGeoCoordSysBase* ProjectCoordSys()
     return project ? project->GetGeoCoordSys() : nullptr;
 }
 
+// Unit kind of the project's grid and height values.
+constexpr int kSystemUnitKind = 1;
+
 } // namespace
+
+MeasureSupport::CarriedPoint MeasureSupport::CarryOut(const Point& point)
+{
+    CarriedPoint carried;
+    carried.grid = point;
+    carried.heightMetres = point.z;
+    const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition();
+    if (!project)
+        return carried;
+    carried.heightMetres = project->GetUnitCnv().ToInternalUnit(kSystemUnitKind, point.z);
+    if (const QelGeoCoordSysBase* coordSys = project->GetGeoCoordSys())
+        carried.geographic = coordSys->GridToGeo(point.x, point.y, carried.latitude, carried.longitude);
+    return carried;
+}
+
+Point MeasureSupport::CarryIn(const CarriedPoint& carried)
+{
+    Point point = carried.grid;
+    const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition();
+    if (!project)
+        return point;
+    point.z = project->GetUnitCnv().ToExternalUnit(kSystemUnitKind, carried.heightMetres);
+    const QelGeoCoordSysBase* coordSys = project->GetGeoCoordSys();
+    double x = 0.0;
+    double y = 0.0;
+    if (carried.geographic && coordSys && coordSys->GeoToGrid(carried.latitude, carried.longitude, x, y)) {
+        point.x = x;
+        point.y = y;
+    }
+    return point;
+}
 
 MeasureSupport::MeasureSupport(QWidget* dialog, QWidget* parent, CAttributeMap* attributes,
                                const QString& section)

@@ -3,6 +3,8 @@
 // (kept in the host's attribute map), the window size kept in a configuration file, the place
 // at the parent's corner, the swallowing of Enter and Escape, and the scaled "Arial" fonts.
 
+#include <QelBase/Point.h>
+
 #include <QPoint>
 #include <QString>
 
@@ -19,6 +21,24 @@ class QWidget;
 class MeasureSupport
 {
 public:
+    // A position of the host taken across a project switch: read in the closing project's
+    // terms (latitude/longitude on its coordinate system, height in metres) and given back in
+    // the terms of the project that replaces it.
+    struct CarriedPoint
+    {
+        Point grid;               // as it was given, in the closing project's grid units
+        double latitude = 0.0;
+        double longitude = 0.0;
+        bool geographic = false;  // the closing project placed it on the earth
+        double heightMetres = 0.0;
+    };
+    // Takes `point` out of the open project (call it while the old project is still open).
+    static CarriedPoint CarryOut(const Point& point);
+    // The carried position in the open project: the same place on earth when both projects
+    // have a coordinate system that takes it, else the grid numbers as they were; the height
+    // in the project's unit.
+    static Point CarryIn(const CarriedPoint& carried);
+
     // Attribute keys shared by the measuring dialogs.
     static const QString kDistUnitKey;     // "MeasureDistUnit": key of a DistanceCtrl unit
     static const QString kCoordFormatKey;  // "MeasureCoordFormat": a CCoordinateCtrl::format_type

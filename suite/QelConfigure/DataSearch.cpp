@@ -3,10 +3,13 @@
 #include "ProjectDefinition.h"
 #include "QelIniFile_IO.h"
 
+#include <QelSubscriber/SubscriptionManager.h>
+
 #include <QDir>
 #include <QFileInfo>
 
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -75,7 +78,9 @@ bool DataSearch::Open(const QString& projectsFolder, const QString& projectName,
     if (!project->Load(folder + QLatin1Char('/') + name + QLatin1Char('/') + ProjectFileName()))
         return false;
 
-    m_project = std::move(project);
+    // The old project stays alive until every follower has heard that the new one is current.
+    AnnounceProject(SubscriptionCodes::PROJECT_CLOSING);
+    std::unique_ptr<ProjectDefinition> previous = std::exchange(m_project, std::move(project));
     m_projectsFolder = QFileInfo(folder).absoluteFilePath();
     m_commonFolder = Clean(commonFolder);
     QelIniFile_IO& ini = GetIniFile();
@@ -84,6 +89,7 @@ bool DataSearch::Open(const QString& projectsFolder, const QString& projectName,
     ini.SetUseDefaultCommonPath(m_commonFolder.isEmpty());
     if (!m_commonFolder.isEmpty())
         ini.SetCommonProjectFilesPath(m_commonFolder);
+    AnnounceProject(SubscriptionCodes::PROJECT_CHANGED);
     return true;
 }
 
@@ -102,7 +108,17 @@ bool DataSearch::OpenFromSettings()
 
 void DataSearch::Close()
 {
-    m_project.reset();
+    if (!m_project)
+        return;
+    AnnounceProject(SubscriptionCodes::PROJECT_CLOSING);
+    const std::unique_ptr<ProjectDefinition> previous = std::move(m_project);
+    AnnounceProject(SubscriptionCodes::PROJECT_CHANGED);
+}
+
+void DataSearch::AnnounceProject(int code)
+{
+    // Sent at once: a follower must be able to read the closing project before it goes.
+    SubscriptionManager::Instance().NotifySend(code, GeneralSubKeys::PROJECT);
 }
 
 ProjectDefinition* DataSearch::GetProjectDefinition()

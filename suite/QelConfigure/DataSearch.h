@@ -3,6 +3,10 @@
 // common files shared by all projects, and the data types (extension, default name, folder).
 // One shared instance per process, used on the UI thread.
 //
+// Opening or closing a project is announced to the suite (GeneralSubKeys::PROJECT): first
+// PROJECT_CLOSING while the old project is still current, then PROJECT_CHANGED once the new
+// one (or none) is. Whoever shows project data follows these and looks the project up again.
+//
 // Folder layout:
 //   <projects folder>/<project>/Project.qpd        the project file
 //   <projects folder>/<project>/Data, Images, MultiMedia
@@ -48,13 +52,13 @@ public:
 
     // Opens projectsFolder/projectName/Project.qpd with the common files in commonFolder (empty:
     // projectsFolder/Common) and records the choice in the settings. False, with the previous
-    // state kept, when the project file is missing or unreadable.
+    // state kept and nothing announced, when the project file is missing or unreadable.
     bool Open(const QString& projectsFolder, const QString& projectName,
               const QString& commonFolder = QString());
     // Opens the project the settings name (projects folder, current project, common folder
     // unless the default one is used); false when they name none or it cannot be opened.
     bool OpenFromSettings();
-    // Forgets the open project (the settings stay as they are).
+    // Forgets the open project (the settings stay as they are), announced like Open.
     void Close();
 
     // The open project, null when none is open.
@@ -93,6 +97,7 @@ public:
     bool GetProjects(QStringList& names) const;
 
 private:
+    void AnnounceProject(int code);
     QelIniFile_IO& ini() const;
     QString projectsFolder() const;
     QString commonFolder() const;

@@ -14,11 +14,16 @@ class QObject;
 // Keys shared by the whole suite.
 namespace GeneralSubKeys {
 inline const QString COLOR_CONTROL = QStringLiteral("COLOR_CONTROL"); // colour mode changed (code 7)
+// The open project is replaced or closed: code PROJECT_CLOSING while the old project is still
+// current, then PROJECT_CHANGED once the new one (or none) is. Both are sent, not posted.
+inline const QString PROJECT = QStringLiteral("PROJECT");
 }
 
 // Notification codes carried with a key.
 namespace SubscriptionCodes {
 constexpr int COLOR_MODE_CHANGED = 7;
+constexpr int PROJECT_CLOSING = 8;
+constexpr int PROJECT_CHANGED = 9;
 }
 
 class SubscriptionManager;

@@ -18,6 +18,8 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QAction>
 #include <QPushButton>
 #include <QTest>
 
@@ -223,9 +225,13 @@ TEST_F(MeasureDlgTest, NotSelectableFixesGridAndShowsUnconverted)
     dlg.SetFromPos(kOrigin);
     dlg.SetToPos(Offset(30, 40));
     EXPECT_EQ(dlg.DistanceControl()->Edit()->text(), dlg.DistanceControl()->FormatDistance(50, false));
-    dlg.SetCoordFormat(CCoordinateCtrl::fmt_degrees); // no geographic format in a grid-only dialog
-    EXPECT_EQ(dlg.FromControl()->FormatType(), CCoordinateCtrl::fmt_grid);
-    EXPECT_EQ(m_attributes.FindValue(QStringLiteral("MeasureCoordFormat")), nullptr);
+    // The host may still ask for another format; only the user's menu is restricted.
+    dlg.SetCoordFormat(CCoordinateCtrl::fmt_degrees);
+    EXPECT_EQ(dlg.FromControl()->FormatType(), CCoordinateCtrl::fmt_degrees);
+    EXPECT_EQ(m_attributes.FindValue(QStringLiteral("MeasureCoordFormat"))->GetInt(), 2);
+    std::unique_ptr<QMenu> menu(dlg.FromControl()->FormatMenu());
+    ASSERT_EQ(menu->actions().size(), 1);
+    EXPECT_EQ(menu->actions().front()->text(), QStringLiteral("X/Y"));
 }
 
 TEST_F(MeasureDlgTest, ChosenFormatAndUnitAreFollowedAndRemembered)
