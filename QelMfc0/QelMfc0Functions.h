@@ -7,7 +7,7 @@
 class QWidget;
 
 // The kind of media file ShowMultimediaFileDlg asks for; any other value counts as MM_IMAGE.
-enum MultiMediaType { MM_IMAGE = 0, MM_TIFF = 1, MM_VIDEO = 2, MM_IMPORT_IMAGE = 3 };
+enum MultiMediaType : int { MM_IMAGE = 0, MM_TIFF = 1, MM_VIDEO = 2, MM_IMPORT_IMAGE = 3 };
 
 // Lets the user pick a file of a data type of the project; fills `path` and returns true on OK,
 // leaves `path` untouched on cancel. `save` chooses a save dialog instead of an open dialog.

@@ -14,6 +14,8 @@
 #include <QPainter>
 #include <QPoint>
 #include <QRect>
+#include <QTransform>
+#include <QWidget>
 
 #include <algorithm>
 #include <cmath>
@@ -150,13 +152,11 @@ void OffrackMeter::Draw(QPainter* painter, const QRect& rect, QWidget* window) c
     DrawActualValue(painter, rect, end);
 }
 
-void OffrackMeter::DrawScaleAnnotation(QPainter* painter, const QRect& rect, QWidget* /*window*/) const
+void OffrackMeter::DrawScaleAnnotation(QPainter* painter, const QRect& rect, QWidget* window) const
 {
     if (!painter || !painter->isActive() || !CanDraw())
         return;
 
-    // The clip applies to the annotation only: the painter's own clipping comes back with
-    // its state, rather than being reset to a window's whole client area.
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing, false);
     painter->setClipRect(rect, Qt::ReplaceClip);
@@ -197,6 +197,17 @@ void OffrackMeter::DrawScaleAnnotation(QPainter* painter, const QRect& rect, QWi
         painter->drawPolygon(wedge, 3);
     }
     painter->restore();
+
+    // The clip opens to the window's whole client area (in the painter's coordinates), not to
+    // a narrower clip the host had set, so the value text below the bar is drawn in full.
+    if (window) {
+        bool invertible = false;
+        const QTransform toLogical = painter->worldTransform().inverted(&invertible);
+        const QRect client(QPoint(0, 0), window->size());
+        painter->setClipRect(invertible ? toLogical.mapRect(client) : client, Qt::ReplaceClip);
+    } else {
+        painter->setClipping(false);
+    }
 }
 
 void OffrackMeter::DrawActualValue(QPainter* painter, const QRect& rect, int x) const

@@ -80,8 +80,9 @@ public:
     double GetValue() const { return m_value; }
 
     // Paints bar, scale, tolerance markers and value text into rect; the rectangle is not
-    // cleared first. The painter's clipping and state are saved and restored around the scale
-    // annotation, so the window is not needed (kept for callers that pass it).
+    // cleared first. The scale is clipped to rect; after it the clip is the whole client area
+    // of `window` (or off without one), not the host's clip from before, so the value text
+    // below the bar is never cut.
     void Draw(QPainter* painter, const QRect& rect, QWidget* window = nullptr) const;
 
     // Horizontal pixel offset (from x = 0) of a reading clamped to the scale; 0 when the
@@ -90,7 +91,7 @@ public:
 
 protected:
     // Ticks with labels on both sides of the centre (none at 0) and the tolerance wedges,
-    // clipped to rect.
+    // clipped to rect; then the clip becomes the whole client area of `window`.
     void DrawScaleAnnotation(QPainter* painter, const QRect& rect, QWidget* window) const;
     // The value text centred on x just below rect, pushed inwards to stay within its width.
     void DrawActualValue(QPainter* painter, const QRect& rect, int x) const;

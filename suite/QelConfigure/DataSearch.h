@@ -34,13 +34,13 @@ class DataSearch
 {
 public:
     // Data-folder kinds.
-    enum PathKind { PATH_PROJECT = 1, PATH_DATA = 2, PATH_IMAGES = 3, PATH_PROJECTS = 4,
+    enum PathKind : int { PATH_PROJECT = 1, PATH_DATA = 2, PATH_IMAGES = 3, PATH_PROJECTS = 4,
                     PATH_COMMON = 8, PATH_COLOR_TABLES = 9, PATH_COLOR_MAPS = 10,
                     PATH_MULTIMEDIA = 14 };
     // Data / file types.
-    enum FileType { TYPE_UNITS = 8, TYPE_PROJECT = 13, TYPE_COLOR_TABLE = 25, TYPE_COLOR_MAP = 60 };
+    enum FileType : int { TYPE_UNITS = 8, TYPE_PROJECT = 13, TYPE_COLOR_TABLE = 25, TYPE_COLOR_MAP = 60 };
     // Support-file folders.
-    enum FilePathKind { FILEPATH_BITMAPS = 84 };
+    enum FilePathKind : int { FILEPATH_BITMAPS = 84 };
 
     DataSearch();
     ~DataSearch();

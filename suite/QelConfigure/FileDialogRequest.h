@@ -20,7 +20,7 @@ constexpr quint32 OFN_EXPLORER = 0x80000;
 
 struct FileDialogRequest
 {
-    enum Mode { Open, Save, OpenMultiple };
+    enum Mode : int { Open, Save, OpenMultiple };
     Mode mode = Open;
     QString title;
     QString directory;

@@ -21,7 +21,7 @@
 class ProjectDefinition : public FileObject
 {
 public:
-    enum coord_format { COORD_GRID = 1, COORD_GEOGRAPHIC = 2 };
+    enum coord_format : int { COORD_GRID = 1, COORD_GEOGRAPHIC = 2 };
 
     // Save modes and flags the suite passes to FileSave; every value saves the whole file.
     static constexpr int SAVE_WHOLE_FILE = 0;

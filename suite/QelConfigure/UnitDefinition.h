@@ -13,7 +13,7 @@ class UnitDefinition : public FileObject
 {
 public:
     // Well-known groups of the units file.
-    enum Group { GROUP_SPEED = 1, GROUP_DISTANCE = 2, GROUP_ANGLE = 3, GROUP_VOLUME = 4,
+    enum Group : int { GROUP_SPEED = 1, GROUP_DISTANCE = 2, GROUP_ANGLE = 3, GROUP_VOLUME = 4,
                  GROUP_AREA = 5, GROUP_TEMPERATURE = 6 };
 
     // One unit of a group.

@@ -6,6 +6,7 @@
 #include <QFontMetrics>
 #include <QImage>
 #include <QPainter>
+#include <QWidget>
 #include <QelConfigure/DataSearch.h>
 #include <QelConfigure/ProjectDefinition.h>
 #include <QelMfc0/ColorRef.h>
@@ -176,6 +177,29 @@ TEST_F(OffrackMeterTest, ValueTextStaysInsideTheRectangleAndShowsTheTrueValue)
     project.Project()->SetDistanceDecimals(0);
     std::tie(first, last) = TextColumns(Render(1000.0));
     EXPECT_EQ(first, W - 2 * (Advance("1000") / 2));
+}
+
+TEST_F(OffrackMeterTest, ValueTextIsNotCutByTheHostsNarrowerClip)
+{
+    // A host that clips to the bar: after the scale the clip is the window's whole client area.
+    QWidget window;
+    window.resize(W, H + 30);
+    meter.SetValue(-1000.0);
+    QImage image = Canvas(W, H + 30);
+    QPainter painter(&image);
+    painter.setClipRect(QRect(0, 0, W, H));
+    meter.Draw(&painter, QRect(0, 0, W, H), &window);
+    EXPECT_EQ(painter.clipBoundingRect().toRect(), QRect(0, 0, W, H + 30));
+    painter.end();
+    EXPECT_EQ(TextColumns(image).second, Advance("-1000.00") - 1);
+
+    // In a translated painter the client area stays where the window is.
+    QImage shifted = Canvas(W + 40, H + 30);
+    QPainter translated(&shifted);
+    translated.translate(40, 0);
+    translated.setClipRect(QRect(0, 0, W - 40, H));
+    meter.Draw(&translated, QRect(0, 0, W - 40, H), &window);
+    EXPECT_EQ(translated.clipBoundingRect().toRect(), QRect(-40, 0, W, H + 30));
 }
 
 TEST_F(OffrackMeterTest, UnusableSettingsDrawNothingAndCopiesDrawTheSame)
