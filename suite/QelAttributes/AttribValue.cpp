@@ -3,6 +3,7 @@
 #include "QelDouble.h"
 
 #include <QelBase/FileObject.h>
+#include <QelBase/NumberText.h>
 
 #include <QRegularExpression>
 
@@ -180,11 +181,8 @@ bool CAttribValue::TryGetColor(COLORREF& out) const
         const QString& text = std::get<kString>(m_value);
         if (parseColorText(text, out))
             return true;
-        bool ok = false;
-        const qlonglong v = text.trimmed().startsWith(QLatin1String("0x"), Qt::CaseInsensitive)
-            ? text.trimmed().mid(2).toLongLong(&ok, 16)
-            : text.trimmed().toLongLong(&ok, 10);
-        if (ok && v >= 0 && v <= 0xFFFFFFFFLL) {
+        qint64 v = 0;
+        if (TextToInt64(text, v) && v >= 0 && v <= 0xFFFFFFFFLL) {
             out = COLORREF(v);
             return true;
         }

@@ -1,5 +1,7 @@
 #include "FileObject.h"
 
+#include "NumberText.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -8,7 +10,6 @@
 #include <QSaveFile>
 
 #include <cmath>
-#include <limits>
 
 namespace {
 
@@ -24,62 +25,6 @@ QString oneLine(const QString& text)
 bool sameName(const QString& a, const QString& b)
 {
     return a.compare(b, Qt::CaseInsensitive) == 0;
-}
-
-bool isAsciiDigits(QStringView text, int base)
-{
-    if (text.isEmpty())
-        return false;
-    for (QChar ch : text) {
-        const char16_t c = ch.unicode();
-        const bool dec = c >= u'0' && c <= u'9';
-        const bool hex = (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
-        if (!dec && !(base == 16 && hex))
-            return false;
-    }
-    return true;
-}
-
-// Decimal with optional sign, or 0x hexadecimal (also signed); the result must fit in an int.
-bool parseInt(QStringView text, int& out)
-{
-    text = text.trimmed();
-    bool negative = false;
-    if (!text.isEmpty() && (text.front() == u'+' || text.front() == u'-')) {
-        negative = text.front() == u'-';
-        text = text.mid(1);
-    }
-    int base = 10;
-    if (text.size() > 2 && text[0] == u'0' && (text[1] == u'x' || text[1] == u'X')) {
-        base = 16;
-        text = text.mid(2);
-    }
-    if (!isAsciiDigits(text, base) || text.size() > 18)
-        return false;
-    bool ok = false;
-    const qlonglong magnitude = text.toLongLong(&ok, base);
-    if (!ok)
-        return false;
-    const qlonglong v = negative ? -magnitude : magnitude;
-    if (v < std::numeric_limits<int>::min() || v > std::numeric_limits<int>::max())
-        return false;
-    out = int(v);
-    return true;
-}
-
-bool parseDouble(QStringView text, double& out)
-{
-    text = text.trimmed();
-    if (text.isEmpty())
-        return false;
-    QLocale c = QLocale::c();
-    c.setNumberOptions(QLocale::RejectGroupSeparator);
-    bool ok = false;
-    const double v = c.toDouble(text, &ok);
-    if (!ok || !std::isfinite(v))
-        return false;
-    out = v;
-    return true;
 }
 
 bool parseBool(QStringView text, bool& out)
@@ -589,12 +534,12 @@ bool FileObject::RemoveEntry(const QString& section, const QString& key)
 
 bool FileObject::ParseInt(QStringView text, int& out)
 {
-    return parseInt(text, out);
+    return TextToInt(text, out);
 }
 
 bool FileObject::ParseDouble(QStringView text, double& out)
 {
-    return parseDouble(text, out);
+    return TextToDouble(text, out);
 }
 
 bool FileObject::ParseBool(QStringView text, bool& out)

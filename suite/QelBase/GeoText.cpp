@@ -1,5 +1,6 @@
 #include "GeoText.h"
 
+#include "NumberText.h"
 #include "NumberUtils.h"
 
 #include <algorithm>
@@ -60,27 +61,20 @@ int HemisphereSign(QChar c)
     }
 }
 
-// Reads one unsigned decimal number made of ASCII digits with an optional decimal point
-// ('.' or the given alternative) at pos: "7", "7.25", ".5", "7.". Leaves pos after it.
-bool ReadNumber(const QString& s, qsizetype& pos, QChar point, QString& number,
-                bool& hasPoint)
+// Reads one unsigned decimal number of ASCII digits with an optional decimal point at pos:
+// "7", "7.25", ".5", "7.". Leaves pos after it; false when there is none or its value is out
+// of the range of a double.
+bool ReadNumber(const QString& s, qsizetype& pos, QChar point, double& value, bool& hasPoint)
 {
-    number.clear();
-    hasPoint = false;
-    int digits = 0;
-    for (; pos < s.size(); ++pos) {
-        const QChar c = s[pos];
-        if (IsAsciiDigit(c)) {
-            number.append(c);
-            ++digits;
-        } else if ((c == QLatin1Char('.') || c == point) && !hasPoint) {
-            number.append(QLatin1Char('.'));
-            hasPoint = true;
-        } else {
-            break;
-        }
-    }
-    return digits > 0;
+    DecimalSyntax syntax;
+    syntax.sign = false;
+    syntax.exponent = false;
+    syntax.point = point.unicode();
+    const DecimalScan scan = ScanDecimal(QStringView(s).sliced(pos), syntax);
+    pos += scan.length;
+    value = scan.value;
+    hasPoint = scan.hasPoint;
+    return scan.length > 0 && !scan.outOfRange;
 }
 
 void SkipSpaces(const QString& s, qsizetype& pos)
@@ -89,16 +83,9 @@ void SkipSpaces(const QString& s, qsizetype& pos)
         ++pos;
 }
 
-bool ToFinite(const QString& number, double& value)
-{
-    bool ok = false;
-    value = number.toDouble(&ok);
-    return ok && std::isfinite(value);
-}
-
 struct GeoField
 {
-    QString number;
+    double value = 0.0;
     bool hasPoint = false;
 };
 
@@ -125,7 +112,7 @@ bool ScanGeo(const QString& s, std::vector<GeoField>& fields, int& sign, QChar& 
 
     for (;;) {
         GeoField field;
-        if (fields.size() == 3 || !ReadNumber(s, pos, point, field.number, field.hasPoint))
+        if (fields.size() == 3 || !ReadNumber(s, pos, point, field.value, field.hasPoint))
             return false;
         fields.push_back(field);
 
@@ -284,8 +271,7 @@ bool StringToGeo(const QString& text, double& value)
     }
     double parts[3] = {0.0, 0.0, 0.0};
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        if (!ToFinite(fields[i].number, parts[i]))
-            return false;
+        parts[i] = fields[i].value; // finite: ScanGeo refuses numbers out of range
         if (i > 0 && parts[i] >= 60.0)
             return false;
     }
@@ -314,30 +300,18 @@ double StringToValue(const QString& text, bool* ok)
     }
     // ',' is the decimal point of a text without '.'.
     const QChar point = s.contains(QLatin1Char('.')) ? QLatin1Char('.') : QLatin1Char(',');
-    QString number;
-    bool hasPoint = false;
-    if (!ReadNumber(s, pos, point, number, hasPoint))
-        return 0.0;
-
     // An exponent needs a digit after the 'e' (and its sign); else the 'e' starts a unit.
-    bool hasExponent = false;
-    if (pos < n && (s[pos] == QLatin1Char('e') || s[pos] == QLatin1Char('E'))) {
-        qsizetype p = pos + 1;
-        if (p < n && IsSign(s[p]))
-            ++p;
-        if (p < n && IsAsciiDigit(s[p])) {
-            number += QLatin1Char('e');
-            if (s[pos + 1] == QLatin1Char('-') || s[pos + 1] == kMinusSign)
-                number += QLatin1Char('-');
-            while (p < n && IsAsciiDigit(s[p]))
-                number += s[p++];
-            pos = p;
-            hasExponent = true;
-        }
-    }
-    double magnitude = 0.0;
-    if (!ToFinite(number, magnitude))
+    DecimalSyntax syntax;
+    syntax.sign = false;
+    syntax.minusSign = true;
+    syntax.point = point.unicode();
+    const DecimalScan scan = ScanDecimal(QStringView(s).sliced(pos), syntax);
+    if (scan.length == 0 || scan.outOfRange)
         return 0.0;
+    pos += scan.length;
+    const bool hasPoint = scan.hasPoint;
+    const bool hasExponent = scan.hasExponent;
+    double magnitude = scan.value;
 
     SkipSpaces(s, pos);
     qsizetype rest = pos;
@@ -347,11 +321,9 @@ double StringToValue(const QString& text, bool* ok)
         ++rest;
         SkipSpaces(s, rest);
         if (rest < n) {
-            QString inchText;
             bool inchPoint = false;
             double inches = 0.0;
-            if (hasPoint || !ReadNumber(s, rest, point, inchText, inchPoint)
-                || !ToFinite(inchText, inches) || inches >= 12.0)
+            if (hasPoint || !ReadNumber(s, rest, point, inches, inchPoint) || inches >= 12.0)
                 return 0.0;
             SkipSpaces(s, rest);
             if (rest < n && IsDoubleMark(s[rest]))

@@ -1,6 +1,7 @@
 #include "QelUnitCnv.h"
 
 #include "FileObject.h"
+#include "NumberText.h"
 
 #include <cmath>
 #include <numbers>
@@ -428,9 +429,7 @@ bool CQelUnitCnv::Load(const FileObject& file, const QString& section)
     for (const auto& [name, key] : entries) {
         int kind = UnitKindFromName(name);
         if (kind < 0) {
-            bool isNumber = false;
-            kind = name.toInt(&isNumber);
-            if (!isNumber)
+            if (!TextToInt(name, kind))
                 continue;
         }
         any = SetUnit(kind, key) || any;

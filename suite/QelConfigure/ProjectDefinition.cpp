@@ -2,6 +2,8 @@
 
 #include "QelGeoCoordSys.h"
 
+#include <QelBase/NumberText.h>
+
 #include <QDir>
 #include <QFileInfo>
 
@@ -110,9 +112,8 @@ void ProjectDefinition::writeSettings()
     // Units given by kind number would contradict the category names the converter writes.
     const auto unitEntries = GetEntries(kUnits);
     for (const auto& entry : unitEntries) {
-        bool isNumber = false;
-        entry.first.trimmed().toInt(&isNumber);
-        if (isNumber)
+        int kind = 0;
+        if (TextToInt(entry.first, kind))
             RemoveEntry(kUnits, entry.first);
     }
     m_units.Save(*this, kUnits);

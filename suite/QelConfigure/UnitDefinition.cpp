@@ -1,6 +1,6 @@
 #include "UnitDefinition.h"
 
-#include <cmath>
+#include <QelBase/NumberText.h>
 
 UnitDefinition::UnitDefinition() = default;
 
@@ -18,12 +18,9 @@ bool UnitDefinition::ParseItem(const QString& key, const QString& value, Item& i
     parsed.key = key.trimmed();
     parsed.menuText = fields[0].trimmed();
     parsed.abbreviation = fields[3].trimmed();
-    bool factorOk = false, offsetOk = false;
-    parsed.factor = fields[1].trimmed().toDouble(&factorOk);
-    parsed.offset = fields[2].trimmed().toDouble(&offsetOk);
     if (parsed.key.isEmpty() || parsed.menuText.isEmpty() || parsed.abbreviation.isEmpty()
-        || !factorOk || !offsetOk || !std::isfinite(parsed.factor) || parsed.factor == 0.0
-        || !std::isfinite(parsed.offset))
+        || !TextToDouble(fields[1], parsed.factor) || parsed.factor == 0.0
+        || !TextToDouble(fields[2], parsed.offset))
         return false;
     item = parsed;
     return true;
