@@ -120,6 +120,22 @@ WindowsColorMap ApplicationPalette::SystemColorsOf(const QPalette& palette)
     return colors;
 }
 
+WindowsColorMap ApplicationPalette::CurrentSystemColors()
+{
+    if (!qobject_cast<QApplication*>(QCoreApplication::instance()))
+        return SystemColorsOf(QPalette());
+    Original(); // the user's own palette is captured before any mode can replace it
+    WindowsColorMap colors = SystemColorsOf(QApplication::palette());
+    const auto put = [&](const char* name, const char* className, QPalette::ColorRole role) {
+        colors.Set(QString::fromLatin1(name), toColorref(QApplication::palette(className).color(QPalette::Active, role)));
+    };
+    put("menu", "QMenu", QPalette::Window);
+    put("menutext", "QMenu", QPalette::WindowText);
+    put("scrollbar", "QScrollBar", QPalette::Base);
+    put("appworkspace", "QMdiArea", QPalette::Dark);
+    return colors;
+}
+
 QPalette ApplicationPalette::BuildPalette(const QPalette& base, const WindowsColorMap& colors)
 {
     QPalette palette = base;

@@ -33,10 +33,15 @@ class QImage;
 class ApplicationPalette
 {
 public:
-    // The application's palette before the first colour mode was applied (captured on first use).
+    // The application's palette before the first colour mode was applied (captured on first use
+    // of this class).
     static QPalette OriginalPalette();
     // The system colours of a palette, by the mapping above.
     static WindowsColorMap SystemColorsOf(const QPalette& palette);
+    // The system colours the application shows now: those of its palette, with menus, scroll
+    // bars and the MDI workspace taken from their own class palettes. In a colour mode these
+    // are the mode's colours; before any, the user's own.
+    static WindowsColorMap CurrentSystemColors();
     // `base` with the roles of the colours that `colors` holds replaced, by the mapping above.
     static QPalette BuildPalette(const QPalette& base, const WindowsColorMap& colors);
     // The palette of a widget class ("QMenu", "QMenuBar", "QScrollBar", "QMdiArea") within `palette`.

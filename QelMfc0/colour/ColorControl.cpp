@@ -1,5 +1,6 @@
 #include "QelMfc0/colour/ColorControl.h"
 
+#include <QDebug>
 #include <QImage>
 #include <QThread>
 #include <QelBase/ColorTable.h>
@@ -111,6 +112,7 @@ ColorControl::ColorControl(const ColorControl& other)
     , m_modeFileNames(other.m_modeFileNames)
     , m_colorMap(other.m_colorMap)
     , m_converter(other.m_converter)
+    , m_colorMapErrors(other.m_colorMapErrors)
     , m_remapper(other.m_remapper)
 {
 }
@@ -121,6 +123,7 @@ ColorControl& ColorControl::operator=(const ColorControl& other)
     m_modeFileNames = other.m_modeFileNames;
     m_colorMap = other.m_colorMap;
     m_converter = other.m_converter;
+    m_colorMapErrors = other.m_colorMapErrors;
     m_remapper = other.m_remapper;
     return *this;
 }
@@ -306,6 +309,8 @@ const ColorMap& ColorControl::GetColorMap() const { return m_colorMap; }
 
 const ColorConverter& ColorControl::GetConverter() const { return m_converter; }
 
+const QStringList& ColorControl::GetColorMapErrors() const { return m_colorMapErrors; }
+
 void ColorControl::LoadColormapFile(const QString& name)
 {
     FileObject file;
@@ -313,9 +318,13 @@ void ColorControl::LoadColormapFile(const QString& name)
     if (path.isEmpty() || !file.FileOpen(path, FileObject::OPEN_READ)) {
         m_colorMap.Clear();
         m_converter.Reset();
+        m_colorMapErrors.clear();
     } else {
         m_colorMap.Load(file);
-        m_converter.Load(file);
+        m_colorMapErrors = m_colorMap.GetErrors();
+        m_converter.Load(file, &m_colorMapErrors);
+        for (const QString& error : std::as_const(m_colorMapErrors))
+            qWarning().noquote() << "Colour map" << path << error;
     }
     m_remapper = BitmapRemapper(m_colorMap, m_converter);
 }

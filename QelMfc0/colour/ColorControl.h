@@ -88,6 +88,9 @@ public:
     // The mode's colour map and converter.
     const ColorMap& GetColorMap() const;
     const ColorConverter& GetConverter() const;
+    // What the mode's colour-map file held that could not be used, one line per entry (see
+    // ColorMap::GetErrors); each line is also logged as a warning when the file is read.
+    const QStringList& GetColorMapErrors() const;
 
 signals:
     // The mode changed and its colours are in force (sent with the subscription notification).
@@ -108,5 +111,6 @@ private:
     std::array<QString, 5> m_modeFileNames;
     ColorMap m_colorMap;
     ColorConverter m_converter;
+    QStringList m_colorMapErrors;
     BitmapRemapper m_remapper; // the image form of the colour map and converter
 };

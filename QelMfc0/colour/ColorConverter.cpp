@@ -1,6 +1,7 @@
 #include "QelMfc0/colour/ColorConverter.h"
 
 #include <QelBase/FileObject.h>
+#include <QelMfc0/colour/ColorMap.h>
 #include <algorithm>
 #include <cmath>
 
@@ -30,19 +31,39 @@ void ColorConverter::Reset()
     SetParameters(1.0, 1.0, 1.0, false);
 }
 
-bool ColorConverter::Load(const FileObject& file)
+bool ColorConverter::Load(const FileObject& file, QStringList* errors)
 {
-    double red = 1.0, green = 1.0, blue = 1.0;
+    double factors[3] = { 1.0, 1.0, 1.0 };
     bool invert = false;
-    const bool present = file.HasSection(kSection);
-    if (present) {
-        file.GetDouble(kSection, kRedKey, red);
-        file.GetDouble(kSection, kGreenKey, green);
-        file.GetDouble(kSection, kBlueKey, blue);
-        file.GetBool(kSection, kInvertKey, invert);
+    const QString factorKeys[3] = { kRedKey, kGreenKey, kBlueKey };
+    const auto report = [&](const QString& key, const QString& value, const char* problem) {
+        if (errors)
+            errors->append(ColorMap::EntryError(kSection, key, value, QString::fromLatin1(problem)));
+    };
+    // The first entry of a key counts, as in the file object's typed reads.
+    QStringList seen;
+    for (const auto& [key, entryValue] : file.GetEntries(kSection)) {
+        if (seen.contains(key, Qt::CaseInsensitive))
+            continue;
+        seen.append(key);
+        const QString value = ColorMap::StripComment(entryValue);
+        const auto factor = std::find_if(std::begin(factorKeys), std::end(factorKeys),
+                                         [&](const QString& k) { return k.compare(key, Qt::CaseInsensitive) == 0; });
+        if (factor != std::end(factorKeys)) {
+            double& target = factors[factor - std::begin(factorKeys)];
+            if (!FileObject::ParseDouble(value, target))
+                report(key, value, "not a number; the factor stays 1.0");
+            else if (UsableFactor(target) != target)
+                report(key, value, "a negative factor counts as 1.0");
+        } else if (kInvertKey.compare(key, Qt::CaseInsensitive) == 0) {
+            if (!FileObject::ParseBool(value, invert))
+                report(key, value, "not 1/0, true/false, yes/no or on/off; no inversion");
+        } else {
+            report(key, value, "unknown key; ignored");
+        }
     }
-    SetParameters(red, green, blue, invert);
-    return present;
+    SetParameters(factors[0], factors[1], factors[2], invert);
+    return file.HasSection(kSection);
 }
 
 void ColorConverter::BuildScaleTable()

@@ -3,6 +3,7 @@
 
 #include <QMetaType>
 #include <QString>
+#include <QStringList>
 #include <QelBase/QelTypes.h>
 #include <array>
 
@@ -29,9 +30,12 @@ public:
     void SetParameters(double red, double green, double blue, bool invert);
     // Back to factors 1.0 and no inversion.
     void Reset();
-    // Reads "red", "green", "blue" and "invert" of the "PARAMS" section; without the section,
-    // and for keys it does not hold, the defaults apply. True when the section was there.
-    bool Load(const FileObject& file);
+    // Reads "red", "green", "blue" and "invert" of the "PARAMS" section (a value may end with a
+    // "; comment"); without the section, and for keys it does not hold or whose value does not
+    // read, the defaults apply. Values that do not read, unusable factors and unknown keys are
+    // appended to `errors` (when given) in the form ColorMap::GetErrors uses. True when the
+    // section was there.
+    bool Load(const FileObject& file, QStringList* errors = nullptr);
 
     double GetRedFactor() const { return m_factors[0]; }
     double GetGreenFactor() const { return m_factors[1]; }

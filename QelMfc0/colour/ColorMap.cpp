@@ -1,80 +1,113 @@
 #include "QelMfc0/colour/ColorMap.h"
 
 #include <QelBase/FileObject.h>
+#include <QelBase/NumberText.h>
 #include <QelMfc0/colour/ApplicationPalette.h>
 #include <algorithm>
 
 namespace {
-// Reads one integer the way "%d" does: blanks, an optional sign, at least one digit; text
-// after the digits is ignored. Values beyond 32 bits are refused.
+// Reads one integer the way "%d" does: blanks, an optional sign, at least one digit; pos ends
+// after the digits. Values beyond 32 bits are refused.
 bool ReadInteger(QStringView text, qsizetype& pos, qint64& value)
 {
     while (pos < text.size() && text[pos].isSpace())
         ++pos;
-    bool negative = false;
-    if (pos < text.size() && (text[pos] == QLatin1Char('-') || text[pos] == QLatin1Char('+')))
-        negative = text[pos++] == QLatin1Char('-');
-    const qsizetype first = pos;
-    qint64 magnitude = 0;
-    while (pos < text.size() && text[pos] >= QLatin1Char('0') && text[pos] <= QLatin1Char('9')) {
-        magnitude = magnitude * 10 + (text[pos].unicode() - '0');
-        if (magnitude > 0xFFFFFFFFLL)
-            return false;
-        ++pos;
-    }
-    if (pos == first)
+    DecimalSyntax integer;
+    integer.exponent = false;
+    integer.point = 0;
+    const DecimalScan scan = ScanDecimal(text.sliced(pos), integer);
+    if (scan.length == 0 || !(scan.value >= -2147483648.0 && scan.value <= 4294967295.0))
         return false;
-    value = negative ? -magnitude : magnitude;
-    return value >= -0x80000000LL;
-}
-
-bool ReadColorref(const QString& text, COLORREF& color)
-{
-    qsizetype pos = 0;
-    qint64 value = 0;
-    if (!ReadInteger(text, pos, value))
-        return false;
-    color = COLORREF(quint32(value));
+    pos += scan.length;
+    value = qint64(scan.value);
     return true;
 }
 
-bool ReadRgb(const QString& text, COLORREF& color)
+bool OnlyBlanksFrom(QStringView text, qsizetype pos)
 {
-    qsizetype pos = 0;
-    qint64 rgb[3] = {};
-    for (qint64& channel : rgb)
-        if (!ReadInteger(text, pos, channel))
-            return false;
-    color = RGB(int(rgb[0] & 0xFF), int(rgb[1] & 0xFF), int(rgb[2] & 0xFF));
-    return true;
+    return text.sliced(pos).trimmed().isEmpty();
 }
 } // namespace
 
 ColorMap::ColorMap()
-    : m_systemColors(ApplicationPalette::SystemColorsOf(ApplicationPalette::OriginalPalette()))
+    : m_systemColors(ApplicationPalette::CurrentSystemColors())
 {
 }
 
 ColorMap::~ColorMap() = default;
 
+QString ColorMap::StripComment(const QString& value)
+{
+    qsizetype end = value.size();
+    for (const QChar mark : { QLatin1Char(';'), QLatin1Char('#') }) {
+        const qsizetype at = value.indexOf(mark);
+        if (at >= 0 && at < end)
+            end = at;
+    }
+    return value.left(end).trimmed();
+}
+
+QString ColorMap::EntryError(const QString& section, const QString& key, const QString& value,
+                             const QString& problem)
+{
+    return QStringLiteral("[%1] %2 = %3: %4").arg(section, key, value, problem);
+}
+
 void ColorMap::Load(const FileObject& file)
 {
     Clear();
-    for (const auto& [key, value] : file.GetEntries(kQelColorsSection)) {
-        COLORREF from = 0, to = 0;
-        if (!ReadColorref(key, from) || !ReadColorref(value, to))
+    for (const auto& [key, entryValue] : file.GetEntries(kQelColorsSection)) {
+        const QString value = StripComment(entryValue);
+        const auto report = [&](const char* problem) {
+            m_errors.append(EntryError(kQelColorsSection, key, value, QString::fromLatin1(problem)));
+        };
+        qsizetype keyEnd = 0, valueEnd = 0;
+        qint64 from = 0, to = 0;
+        if (!ReadInteger(key, keyEnd, from)) {
+            report("the colour to replace is no 32-bit number; entry skipped");
             continue;
-        const auto at = std::lower_bound(m_substitutions.begin(), m_substitutions.end(), from,
+        }
+        if (!ReadInteger(value, valueEnd, to)) {
+            report("the replacement is no 32-bit number; entry skipped");
+            continue;
+        }
+        if (!OnlyBlanksFrom(key, keyEnd) || !OnlyBlanksFrom(value, valueEnd))
+            report("text after a number is ignored");
+        const COLORREF color = COLORREF(quint32(from));
+        const auto at = std::lower_bound(m_substitutions.begin(), m_substitutions.end(), color,
                                          [](const auto& entry, COLORREF c) { return entry.first < c; });
-        if (at != m_substitutions.end() && at->first == from)
-            continue; // the first entry of a colour wins
-        m_substitutions.insert(at, { from, to });
+        if (at != m_substitutions.end() && at->first == color) {
+            report("the colour is listed earlier, whose entry is used");
+            continue;
+        }
+        m_substitutions.insert(at, { color, COLORREF(quint32(to)) });
     }
     RebuildFilter();
-    for (const auto& [name, value] : file.GetEntries(kWinColorsSection)) {
-        COLORREF color = 0;
-        if (ReadRgb(value, color))
-            m_fileColors.Set(name, color); // unknown names are refused; a later entry wins
+
+    for (const auto& [name, entryValue] : file.GetEntries(kWinColorsSection)) {
+        const QString value = StripComment(entryValue);
+        const auto report = [&](const char* problem) {
+            m_errors.append(EntryError(kWinColorsSection, name, value, QString::fromLatin1(problem)));
+        };
+        if (WindowsColorMap::IndexOf(name) < 0) {
+            report("no system colour of that name; entry skipped");
+            continue;
+        }
+        qsizetype pos = 0;
+        qint64 rgb[3] = {};
+        if (!ReadInteger(value, pos, rgb[0]) || !ReadInteger(value, pos, rgb[1])
+            || !ReadInteger(value, pos, rgb[2])) {
+            report("not three numbers red green blue; entry skipped");
+            continue;
+        }
+        if (!OnlyBlanksFrom(value, pos))
+            report("text after the third number is ignored");
+        if (std::any_of(std::begin(rgb), std::end(rgb), [](qint64 c) { return c < 0 || c > 255; }))
+            report("a component outside 0..255 is taken modulo 256");
+        COLORREF earlier = 0;
+        if (m_fileColors.Get(name, earlier))
+            report("the name is listed earlier; this later entry is used");
+        m_fileColors.Set(name, RGB(int(rgb[0] & 0xFF), int(rgb[1] & 0xFF), int(rgb[2] & 0xFF)));
     }
 }
 
@@ -82,8 +115,11 @@ void ColorMap::Clear()
 {
     m_substitutions.clear();
     m_fileColors.Clear();
+    m_errors.clear();
     RebuildFilter();
 }
+
+const QStringList& ColorMap::GetErrors() const { return m_errors; }
 
 bool ColorMap::FindSorted(COLORREF color, COLORREF& substitute) const
 {

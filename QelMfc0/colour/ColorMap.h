@@ -2,6 +2,7 @@
 // The colour substitutions and system colours of a colour mode, read from its colour-map file.
 
 #include <QString>
+#include <QStringList>
 #include <QelBase/QelTypes.h>
 #include <QelMfc0/colour/WindowsColorMap.h>
 #include <array>
@@ -16,16 +17,29 @@ public:
     static inline const QString kQelColorsSection = QStringLiteral("QEL_COLORS");
     static inline const QString kWinColorsSection = QStringLiteral("WIN_COLORS");
 
-    // No substitutions; the system colours as the application has them now; no file colours.
+    // No substitutions; the system colours as the application shows them now (in the colour
+    // mode in force, if any); no file colours.
     ColorMap();
     virtual ~ColorMap();
 
     // Reads the "QEL_COLORS" substitutions (decimal COLORREF = decimal COLORREF; the first of
     // a repeated key wins) and the "WIN_COLORS" system colours (name = red green blue, each
-    // modulo 256; the last of a repeated name wins). Malformed entries are skipped one by one.
+    // modulo 256; the last of a repeated name wins). A value may end with a "; comment".
+    // Malformed entries are skipped one by one; they, and text read only in part, are listed
+    // by GetErrors.
     void Load(const FileObject& file);
-    // Forgets the substitutions and the file's system colours.
+    // Forgets the substitutions, the file's system colours and the errors.
     void Clear();
+    // What the last Load skipped or read only in part, one line per entry:
+    // "[SECTION] key = value: what is wrong".
+    const QStringList& GetErrors() const;
+
+    // The value of a colour-map entry without a trailing comment (from the first ';' or '#')
+    // and without the blanks around it.
+    static QString StripComment(const QString& value);
+    // An error line of the form GetErrors lists.
+    static QString EntryError(const QString& section, const QString& key, const QString& value,
+                              const QString& problem);
 
     // The substitute of exactly `color` (all 32 bits compared); false when there is none.
     bool Find(COLORREF color, COLORREF& substitute) const
@@ -57,4 +71,5 @@ private:
     std::array<quint64, 1024> m_filter {};
     WindowsColorMap m_systemColors;
     WindowsColorMap m_fileColors;
+    QStringList m_errors;
 };

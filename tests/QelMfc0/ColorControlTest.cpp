@@ -323,3 +323,32 @@ TEST_F(ThemeSwitchTest, TheApplicationPaletteFollowsTheModeAndComesBackExactly)
         EXPECT_TRUE(snapshot() == original);
     }
 }
+
+TEST_F(ThemeSwitchTest, AColourMapMadeInAModeRecordsTheModesSystemColours)
+{
+    fake->canSwitch = false;
+    const struct { const char* name; COLORREF color; } listed[] = {
+        { "btnface", RGB(10, 20, 30) }, { "windowtext", RGB(200, 0, 0) },
+        { "menu", RGB(7, 8, 9) },       { "scrollbar", RGB(14, 15, 16) },
+    };
+    QString map = "[WIN_COLORS]\n";
+    for (const auto& l : listed)
+        map += QString("%1 = %2 %3 %4\n").arg(l.name).arg(GetRValue(l.color)).arg(GetGValue(l.color)).arg(GetBValue(l.color));
+    WriteMap("night", map);
+
+    const WindowsColorMap user = ColorMap().GetSystemColors();
+    ColorControl cc;
+    cc.SetLightMode(ColorConverter::night, true);
+    const WindowsColorMap night = ColorMap().GetSystemColors();
+    for (const auto& l : listed) {
+        COLORREF color = 0;
+        EXPECT_TRUE(night.Get(l.name, color));
+        EXPECT_EQ(color, l.color) << l.name;
+    }
+    COLORREF userHighlight = 0, nightHighlight = 1;
+    EXPECT_TRUE(user.Get("highlight", userHighlight) && night.Get("highlight", nightHighlight));
+    EXPECT_EQ(nightHighlight, userHighlight) << "a colour the map does not list stays the user's";
+
+    cc.RestoreOriginalWindowsTheme();
+    EXPECT_TRUE(ColorMap().GetSystemColors().Entries() == user.Entries());
+}

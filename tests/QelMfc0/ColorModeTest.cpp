@@ -129,6 +129,51 @@ TEST_F(ColourMapTest, AMissingOrUnreadableMapGivesTheIdentityAfterAModeWithAMap)
     }
 }
 
+TEST_F(ColourMapTest, TrailingCommentsAreReadAndUnusableEntriesReported)
+{
+    QStringList warnings;
+    static QStringList* sink = nullptr;
+    sink = &warnings;
+    const QtMessageHandler previous = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+        if (type == QtWarningMsg)
+            sink->append(text);
+    });
+    // The example of the file format notes: every value carries a comment.
+    const ColorControl documented = NightControl("[PARAMS]\n"
+                                                 "red = 0.42          ; factor of the lowest byte of a colour\n"
+                                                 "green = 0.34\n"
+                                                 "invert = 1          ; 1/0, true/false, yes/no, on/off\n"
+                                                 "[QEL_COLORS]\n"
+                                                 "255 = 140           ; pure red -> dark red\n"
+                                                 "[WIN_COLORS]\n"
+                                                 "btnface = 24 20 18  # face\n");
+    EXPECT_EQ(documented.GetConverter().GetRedFactor(), 0.42);
+    EXPECT_TRUE(documented.GetInvertColors());
+    EXPECT_EQ(documented.GetColor(255, false), 140u);
+    COLORREF face = 0;
+    EXPECT_TRUE(documented.GetColorMap().GetFileColors().Get("btnface", face));
+    EXPECT_EQ(face, RGB(24, 20, 18));
+    EXPECT_TRUE(documented.GetColorMapErrors().isEmpty()) << documented.GetColorMapErrors().join('\n').toStdString();
+    EXPECT_TRUE(warnings.isEmpty());
+
+    // Each entry that is skipped, or read only in part, is reported once; the others are not.
+    const ColorControl cc = NightControl(QString(kParsingMap) + "[PARAMS]\nred = dark\nblue = -2\ninvert = maybe\ngamma = 2\n");
+    qInstallMessageHandler(previous);
+    const char* const reported[] = {
+        "[QEL_COLORS] 255 = 16711680:", "[QEL_COLORS] abc = 7:", "[QEL_COLORS] 18 = xyz:", "[QEL_COLORS] 19 = :",
+        "[QEL_COLORS] +16 = 32abc:", "[QEL_COLORS] 0x10 = 3:", "[QEL_COLORS] 1.5 = 9:",
+        "[WIN_COLORS] btnface = 256 -1 300:", "[WIN_COLORS] window = 4 5 6:", "[WIN_COLORS] BtnText = 1 2 3:",
+        "[WIN_COLORS] nosuch = 1 2 3:", "[WIN_COLORS] menu = 10 20:", "[WIN_COLORS] highlight = 1, 2, 3:",
+        "[PARAMS] red = dark:", "[PARAMS] blue = -2:", "[PARAMS] invert = maybe:", "[PARAMS] gamma = 2:",
+    };
+    const QStringList errors = cc.GetColorMapErrors();
+    for (const char* entry : reported)
+        EXPECT_EQ(errors.filter(QString(entry)).size(), 1) << entry;
+    EXPECT_EQ(errors.size(), int(std::size(reported))) << errors.join('\n').toStdString();
+    EXPECT_EQ(warnings.size(), errors.size()) << "each one is logged";
+    EXPECT_EQ(cc.GetConverter().GetBlueFactor(), 1.0);
+}
+
 TEST_F(ColourMapTest, OutOfRangeModesReadTheUnknownMap)
 {
     WriteMap("unknown", "[QEL_COLORS]\n1 = 2\n");
