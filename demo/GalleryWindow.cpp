@@ -20,6 +20,7 @@
 #include <QelConfigure/DataSearch.h>
 #include <QelConfigure/ProjectDefinition.h>
 #include <QelMfc0/colour/ColorControl.h>
+#include <QelMfc0/controls/ProjectFollower.h>
 #include <QelMfc0/dialogs/MeasureBrgDistDlg.h>
 #include <QelMfc0/dialogs/MeasureDlg.h>
 #include <QelMfc0/dialogs/MeasureRelativeDlg.h>
@@ -50,6 +51,9 @@ GalleryWindow::GalleryWindow(QWidget* parent)
     setCentralWidget(central);
 
     m_fileMenu = menuBar()->addMenu(tr("&File"));
+    m_projectMenu = menuBar()->addMenu(tr("P&roject"));
+    connect(m_projectMenu, &QMenu::aboutToShow, this, &GalleryWindow::FillProjectMenu);
+    FillProjectMenu();
     QMenu* pagesMenu = menuBar()->addMenu(tr("&Pages"));
     for (const GalleryPage& page : GalleryPages()) {
         m_pageList->addItem(page.title);
@@ -85,9 +89,42 @@ GalleryWindow::GalleryWindow(QWidget* parent)
     connect(themeTimer, &QTimer::timeout, this, [] { ColorControl::Instance().TimerCheck(); });
     themeTimer->start(1000);
 
+    ShowProjectInStatusBar();
+    ProjectFollower::Follow(this, nullptr, [this] { ShowProjectInStatusBar(); });
+    resize(1180, 800);
+}
+
+void GalleryWindow::FillProjectMenu()
+{
+    m_projectMenu->clear();
+    const DataSearch& search = DataSearch::GetDataSearch();
+    QStringList names;
+    if (!search.GetProjects(names)) {
+        m_projectMenu->addAction(tr("No projects in the projects folder"))->setEnabled(false);
+        return;
+    }
+    const QString current = search.GetProjectName();
+    for (const QString& name : std::as_const(names)) {
+        QAction* action = m_projectMenu->addAction(name, this, [this, name] { OpenProject(name); });
+        action->setCheckable(true);
+        action->setChecked(name == current);
+    }
+}
+
+bool GalleryWindow::OpenProject(const QString& name)
+{
+    DataSearch& search = DataSearch::GetDataSearch();
+    QString folder;
+    if (search.GetDataPathInfo(DataSearch::PATH_PROJECTS, folder) && search.Open(folder, name))
+        return true;
+    QMessageBox::warning(this, tr("QelGallery"), tr("The project \"%1\" could not be opened.").arg(name));
+    return false;
+}
+
+void GalleryWindow::ShowProjectInStatusBar()
+{
     const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition();
     statusBar()->showMessage(project ? tr("Project: %1").arg(project->GetProjectFolder()) : tr("No project open"));
-    resize(1180, 800);
 }
 
 GalleryWindow::~GalleryWindow()

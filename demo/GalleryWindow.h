@@ -1,6 +1,7 @@
 #pragma once
-// QelGallery's main window: a page list on the left, the chosen page on the right, and the
-// colour mode of the whole application in the tool bar.
+// QelGallery's main window: a page list on the left, the chosen page on the right, the colour
+// mode of the whole application in the tool bar, and a Project menu that opens another project
+// of the projects folder while controls and dialogs stay open.
 
 #include <QMainWindow>
 #include <QelMfc0/colour/ColorConverter.h>
@@ -28,7 +29,12 @@ public:
     // message box and a file dialog in night mode; false when a file could not be written.
     bool WriteScreenshots(const QString& folder);
 
+    // Opens `name` from the projects folder, as the Project menu does; false when it cannot.
+    bool OpenProject(const QString& name);
+
 private:
+    void FillProjectMenu();
+    void ShowProjectInStatusBar();
     bool WriteNightPopups(const QString& folder);
     bool WriteMeasureDialogs(EntryPage* page, const QDir& dir, const QString& stem, const QString& modeName);
 
@@ -36,5 +42,6 @@ private:
     QStackedWidget* m_pages = nullptr;
     QComboBox* m_modeSelector = nullptr;
     QMenu* m_fileMenu = nullptr;
+    QMenu* m_projectMenu = nullptr;
     QStringList m_slugs;
 };

@@ -10,8 +10,10 @@
 #include <QVBoxLayout>
 #include <QelConfigure/DataSearch.h>
 #include <QelConfigure/ProjectDefinition.h>
+#include <QelConfigure/QelGeoCoordSys.h>
 #include <QelMfc0/controls/CoordinateCtrl.h>
 #include <QelMfc0/controls/DistanceCtrl.h>
+#include <QelMfc0/controls/ProjectFollower.h>
 #include <QelMfc0/dialogs/MeasureBrgDistDlg.h>
 #include <QelMfc0/dialogs/MeasureDlg.h>
 #include <QelMfc0/dialogs/MeasureRelativeDlg.h>
@@ -28,9 +30,10 @@ QLabel* Placeholder(const QString& text, QWidget* parent)
 
 EntryPage::EntryPage(QWidget* parent)
     : QWidget(parent)
+    , m_chartCrs(QelGeoCoordSys::Create(QStringLiteral("EPSG:32631")))
 {
-    if (const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition())
-        m_sizes.FileOpen(project->GetProjectFolder() + QStringLiteral("/DialogSizes.ini"), FileObject::OPEN_CREATE);
+    OpenSizes();
+    ProjectFollower::Follow(this, [this] { SaveSizes(); }, [this] { OpenSizes(); });
 
     auto* layout = new QHBoxLayout(this);
     layout->addWidget(BuildEntryControls(), 0);
@@ -60,9 +63,9 @@ EntryPage::EntryPage(QWidget* parent)
     connect(m_plan, &PlanView::picked, this, &EntryPage::Pick);
     connect(m_plan, &PlanView::vesselMoved, this, [this](const Point& vessel) {
         if (m_relative)
-            m_relative->SetCurrentPos(vessel);
+            m_relative->SetCurrentPos(ToProjectGrid(vessel));
         if (m_vessel)
-            m_vessel->SetFromPos(vessel);
+            m_vessel->SetFromPos(ToProjectGrid(vessel));
     });
 }
 
@@ -71,8 +74,32 @@ EntryPage::~EntryPage()
     delete m_measure;
     delete m_relative;
     delete m_vessel;
+    SaveSizes();
+}
+
+void EntryPage::OpenSizes()
+{
+    // The dialogs keep the file object; only its contents change with the project.
+    m_sizes.FileClose();
+    if (const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition())
+        m_sizes.FileOpen(project->GetProjectFolder() + QStringLiteral("/DialogSizes.ini"), FileObject::OPEN_CREATE);
+}
+
+void EntryPage::SaveSizes()
+{
     if (!m_sizes.GetPathName().isEmpty())
         m_sizes.FileSave();
+}
+
+Point EntryPage::ToProjectGrid(const Point& chart) const
+{
+    const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition();
+    const QelGeoCoordSysBase* grid = project ? project->GetGeoCoordSys() : nullptr;
+    double latitude = 0.0, longitude = 0.0;
+    Point result = chart;
+    if (grid && m_chartCrs && m_chartCrs->GridToGeo(chart.x, chart.y, latitude, longitude))
+        grid->GeoToGrid(latitude, longitude, result.x, result.y);
+    return result;
 }
 
 QWidget* EntryPage::BuildEntryControls()
@@ -133,9 +160,9 @@ MeasureRelativeDlg* EntryPage::OpenLineRelative()
         m_relative->SetPrsConfiguration(&m_sizes);
     }
     m_relative->show();
-    m_relative->SetStartPos(m_plan->RunLineStart());
-    m_relative->SetEndPos(m_plan->RunLineEnd());
-    m_relative->SetCurrentPos(m_plan->VesselPosition());
+    m_relative->SetStartPos(ToProjectGrid(m_plan->RunLineStart()));
+    m_relative->SetEndPos(ToProjectGrid(m_plan->RunLineEnd()));
+    m_relative->SetCurrentPos(ToProjectGrid(m_plan->VesselPosition()));
     return m_relative;
 }
 
@@ -146,9 +173,9 @@ CMeasureBrgDistDlg* EntryPage::OpenVesselBearing()
         m_vessel->SetPrsConfiguration(&m_sizes);
     }
     m_vessel->show();
-    m_vessel->SetFromPos(m_plan->VesselPosition());
+    m_vessel->SetFromPos(ToProjectGrid(m_plan->VesselPosition()));
     if (m_pickCount > 0)
-        m_vessel->SetToPos(m_picks[m_pickCount - 1]);
+        m_vessel->SetToPos(ToProjectGrid(m_picks[m_pickCount - 1]));
     return m_vessel;
 }
 
@@ -166,7 +193,7 @@ void EntryPage::Pick(const Point& position)
                                        : tr("To: E %1  N %2").arg(position.x, 0, 'f', 1).arg(position.y, 0, 'f', 1));
     Feed();
     if (m_vessel)
-        m_vessel->SetToPos(position);
+        m_vessel->SetToPos(ToProjectGrid(position));
 }
 
 void EntryPage::Feed()
@@ -175,9 +202,9 @@ void EntryPage::Feed()
         return;
     if (m_pickCount == 1) {
         m_measure->Clear();
-        m_measure->SetFromPos(m_picks[0]);
+        m_measure->SetFromPos(ToProjectGrid(m_picks[0]));
     } else if (m_pickCount == 2) {
-        m_measure->SetFromPos(m_picks[0]);
-        m_measure->SetToPos(m_picks[1]);
+        m_measure->SetFromPos(ToProjectGrid(m_picks[0]));
+        m_measure->SetToPos(ToProjectGrid(m_picks[1]));
     }
 }

@@ -1,12 +1,18 @@
 #pragma once
 // Gallery page of coordinate and distance entry and of the measuring dialogs: every variant of
-// the entry controls, and a plan view whose clicks feed the measuring dialogs.
+// the entry controls, and a plan view whose clicks feed the measuring dialogs. The plan view
+// is a chart on WGS 84 / UTM zone 31N; positions go to the library in the open project's grid,
+// and everything on the page follows when another project is opened.
 
 #include <QWidget>
 #include <QelAttributes/AttributeMap.h>
 #include <QelBase/FileObject.h>
 #include <QelBase/Point.h>
 #include <QPointer>
+
+#include <memory>
+
+class QelGeoCoordSys;
 
 class CMeasureBrgDistDlg;
 class CMeasureDlg;
@@ -24,17 +30,22 @@ public:
     CMeasureDlg* OpenMeasure(bool threeD);
     MeasureRelativeDlg* OpenLineRelative();
     CMeasureBrgDistDlg* OpenVesselBearing();
-    // Picks a grid position as a click on the plan view does.
+    // Picks a chart position as a click on the plan view does.
     void Pick(const Point& position);
+    // A chart position in the open project's grid (unchanged without a coordinate system).
+    Point ToProjectGrid(const Point& chart) const;
 
 private:
     QWidget* BuildEntryControls();
     void Feed();
+    void OpenSizes();
+    void SaveSizes();
 
     PlanView* m_plan = nullptr;
     QLabel* m_status = nullptr;
     CAttributeMap m_attributes;     // the host's remembered choices
-    FileObject m_sizes;             // the host's window sizes
+    FileObject m_sizes;             // the host's window sizes, kept in the open project's folder
+    std::unique_ptr<QelGeoCoordSys> m_chartCrs; // the plan view's grid
     Point m_picks[2];
     int m_pickCount = 0;
     QPointer<CMeasureDlg> m_measure;

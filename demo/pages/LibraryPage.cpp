@@ -12,6 +12,7 @@
 #include <QelConfigure/DataSearch.h>
 #include <QelConfigure/ProjectDefinition.h>
 #include <QelConfigure/QelGeoCoordSysBase.h>
+#include <QelMfc0/controls/ProjectFollower.h>
 #include <QelMfc0/AppIdentifiers.h>
 #include <QelMfc0/QelMfc0.h>
 #include <QelMfc0/QelMfc0Functions.h>
@@ -34,17 +35,18 @@ QGroupBox* ModuleBox(QWidget* parent)
     return box;
 }
 
-QGroupBox* ProjectBox(QWidget* parent)
+// The open project's folder, coordinate system, unit and decimals, in `form`.
+void FillProjectRows(QFormLayout* form)
 {
-    auto* box = new QGroupBox(QObject::tr("Project"), parent);
-    auto* form = new QFormLayout(box);
+    while (form->rowCount() > 0)
+        form->removeRow(0);
     const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition();
     if (!project) {
         form->addRow(new QLabel(QObject::tr("No project is open.")));
-        return box;
+        return;
     }
     QString folder;
-    DataSearch::GetDataSearch().GetDataPathInfo(1, folder);
+    DataSearch::GetDataSearch().GetDataPathInfo(DataSearch::PATH_PROJECT, folder);
     int grid = 0, geo = 0, dist = 0, depth = 0;
     project->GetGridDecimals(grid);
     project->GetGeogsDecimals(geo);
@@ -56,6 +58,15 @@ QGroupBox* ProjectBox(QWidget* parent)
     form->addRow(QObject::tr("Distance unit:"), new QLabel(project->GetUnitCnv().GetUnitMnem(UNIT_DISTANCE)));
     form->addRow(QObject::tr("Decimals grid / geo / distance / depth:"),
                  new QLabel(QStringLiteral("%1 / %2 / %3 / %4").arg(grid).arg(geo).arg(dist).arg(depth)));
+}
+
+// The project box; its rows follow when another project is opened.
+QGroupBox* ProjectBox(QWidget* parent)
+{
+    auto* box = new QGroupBox(QObject::tr("Project"), parent);
+    auto* form = new QFormLayout(box);
+    FillProjectRows(form);
+    ProjectFollower::Follow(box, nullptr, [form] { FillProjectRows(form); });
     return box;
 }
 

@@ -1,4 +1,5 @@
 #include <QelConfigure/DataSearch.h>
+#include <QelSubscriber/SubscriptionManager.h>
 #include <QelConfigure/ProjectDefinition.h>
 #include <QelConfigure/QelIniFile_IO.h>
 
@@ -105,6 +106,29 @@ TEST(DataSearch, FileTypes)
     EXPECT_EQ(ext, QStringLiteral("kept"));
 }
 
+TEST(DataSearch, ASwitchIsAnnouncedWhileTheOldProjectIsStillOpenAndAgainAfter)
+{
+    TestProject test;
+    ASSERT_TRUE(test.IsOpen());
+    DataSearch& search = DataSearch::GetDataSearch();
+    QStringList heard;
+    QObject context;
+    SubscriptionManager::Instance().Subscribe(
+        GeneralSubKeys::PROJECT,
+        [&](int code, const QString&) {
+            const ProjectDefinition* project = search.GetProjectDefinition();
+            heard << QStringLiteral("%1 %2").arg(code).arg(project ? project->GetProjectName() : QStringLiteral("-"));
+        },
+        &context);
+
+    EXPECT_FALSE(search.Open(test.ProjectsFolder(), QStringLiteral("Missing")));
+    EXPECT_TRUE(heard.isEmpty());
+    ASSERT_TRUE(search.Open(test.ProjectsFolder(), QStringLiteral("NorthSeaED50")));
+    search.Close();
+    search.Close(); // nothing open: nothing to announce
+    EXPECT_EQ(heard, (QStringList{"8 NorthSea", "9 NorthSeaED50", "8 NorthSeaED50", "9 -"}));
+}
+
 TEST(DataSearch, ProjectsAreFoldersWithAProjectFile)
 {
     TestProject test;
@@ -114,7 +138,7 @@ TEST(DataSearch, ProjectsAreFoldersWithAProjectFile)
     QDir().mkpath(test.ProjectsFolder() + "/Empty");
     QStringList names;
     ASSERT_TRUE(DataSearch::GetDataSearch().GetProjects(names));
-    EXPECT_EQ(names, (QStringList{"Alpha", "beta", "NorthSea"}));
+    EXPECT_EQ(names, (QStringList{"Alpha", "beta", "NorthSea", "NorthSeaED50"}));
 
     // The settings choose the projects folder, as the project selection does.
     QTemporaryDir empty;
