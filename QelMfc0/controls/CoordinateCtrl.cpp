@@ -6,6 +6,7 @@
 
 #include <QelBase/DisplayScale.h>
 #include <QelBase/GeoText.h>
+#include <QelBase/NumberText.h>
 #include <QelConfigure/DataSearch.h>
 #include <QelConfigure/ProjectDefinition.h>
 #include <QelConfigure/QelGeoCoordSysBase.h>
@@ -21,45 +22,8 @@
 #include <QResizeEvent>
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
-#include <string>
 
 namespace {
-
-// The leading number of a text as the C library's wide-to-double reading takes it: leading
-// blanks, an optional sign, then the longest decimal number (digits, point, exponent); 0.0
-// when there is none. '.' is the decimal point whatever the locale. A number too large for a
-// double counts as unreadable (0.0), so the control never holds an infinite coordinate.
-double leadingNumber(const QString& text)
-{
-    qsizetype i = 0;
-    while (i < text.size() && text.at(i).isSpace())
-        ++i;
-    bool negative = false;
-    if (i < text.size() && (text.at(i) == u'+' || text.at(i) == u'-')) {
-        negative = text.at(i) == u'-';
-        ++i;
-    }
-    std::string digits;
-    for (; i < text.size(); ++i) {
-        const QChar c = text.at(i);
-        const bool numberChar = (c >= u'0' && c <= u'9') || c == u'.' || c == u'e' || c == u'E'
-                                || c == u'+' || c == u'-';
-        if (!numberChar)
-            break;
-        digits.push_back(char(c.unicode()));
-    }
-    // A second sign right after the first one is no number; from_chars would accept a '-'.
-    if (digits.empty() || digits.front() == '+' || digits.front() == '-')
-        return 0.0;
-    double value = 0.0;
-    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value,
-                                        std::chars_format::general);
-    if (result.ec != std::errc() || !std::isfinite(value))
-        return 0.0;
-    return negative ? -value : value;
-}
 
 // FormatGeogs flags of a geographic display format.
 unsigned geogsFlagsOf(CCoordinateCtrl::format_type format)
@@ -614,7 +578,7 @@ void CCoordinateCtrl::readPosition()
             system->GeoToGrid(m_latitude, m_longitude, m_x, m_y);
     } else if (m_format == fmt_grid) {
         const auto parse = [this](const QString& text) {
-            return m_feetFlags != 0 ? StringToValue(text) : leadingNumber(text);
+            return m_feetFlags != 0 ? StringToValue(text) : LeadingNumber(text);
         };
         m_x = parse(m_edit1->text());
         m_y = parse(m_edit2->text());
