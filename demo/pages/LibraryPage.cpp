@@ -3,6 +3,7 @@
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -85,15 +86,38 @@ LibraryPage::LibraryPage(QWidget* parent)
     grid->addWidget(ModuleBox(this), 0, 0);
     grid->addWidget(ProjectBox(this), 1, 0);
 
-    // A dialog-like box whose labels carry unit placeholders, filled in by SetDialogUnits.
+    // A dialog-like box whose labels carry unit placeholders, filled in by SetDialogUnits: the
+    // texts as a dialog holds them on the left, as shown on the right. They are filled in again
+    // when another project is opened.
     auto* units = new QGroupBox(tr("Unit placeholders"), this);
-    auto* unitsLayout = new QVBoxLayout(units);
+    auto* unitsLayout = new QHBoxLayout(units);
+    auto* templates = new QWidget(units);
+    auto* templateLayout = new QVBoxLayout(templates);
     auto* holder = new QWidget(units);
     auto* holderLayout = new QVBoxLayout(holder);
-    for (const char* text : { "Draught [%D]", "Speed [%S], heading [%A]", "Load [%T], force [%F]", "Depth %W and %W" })
-        holderLayout->addWidget(new QLabel(QString::fromUtf8(text), holder));
-    SetDialogUnits(holder);
-    unitsLayout->addWidget(holder);
+    const QStringList texts = {
+        tr("Draught [%D]"), tr("Speed [%S], heading [%A]"), tr("Load [%T], force [%F]"), tr("Grid [%W]"),
+        tr("Once per text: %D, then %D"), tr("Not a placeholder: %X"),
+    };
+    QList<QLabel*> shown;
+    for (const QString& text : texts) {
+        auto* original = new QLabel(text, templates);
+        original->setTextFormat(Qt::PlainText);
+        templateLayout->addWidget(original);
+        shown << new QLabel(text, holder);
+        shown.back()->setTextFormat(Qt::PlainText);
+        holderLayout->addWidget(shown.back());
+    }
+    const auto fill = [holder, shown, texts] {
+        for (int i = 0; i < shown.size(); ++i)
+            shown[i]->setText(texts[i]);
+        SetDialogUnits(holder);
+    };
+    fill();
+    ProjectFollower::Follow(holder, nullptr, fill);
+    unitsLayout->addWidget(templates);
+    unitsLayout->addWidget(new QLabel(QStringLiteral("\u2192"), units));
+    unitsLayout->addWidget(holder, 1);
     grid->addWidget(units, 2, 0);
 
     auto* dialogs = new QGroupBox(tr("File dialogs"), this);
