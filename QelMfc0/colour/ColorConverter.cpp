@@ -42,11 +42,12 @@ bool ColorConverter::Load(const FileObject& file, QStringList* errors)
     };
     // The first entry of a key counts, as in the file object's typed reads.
     QStringList seen;
-    for (const auto& [key, entryValue] : file.GetEntries(kSection)) {
+    for (const auto& entry : file.GetEntries(kSection)) {
+        const QString& key = entry.first;
         if (seen.contains(key, Qt::CaseInsensitive))
             continue;
         seen.append(key);
-        const QString value = ColorMap::StripComment(entryValue);
+        const QString value = ColorMap::StripComment(entry.second);
         const auto factor = std::find_if(std::begin(factorKeys), std::end(factorKeys),
                                          [&](const QString& k) { return k.compare(key, Qt::CaseInsensitive) == 0; });
         if (factor != std::end(factorKeys)) {

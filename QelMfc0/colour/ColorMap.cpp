@@ -56,8 +56,9 @@ QString ColorMap::EntryError(const QString& section, const QString& key, const Q
 void ColorMap::Load(const FileObject& file)
 {
     Clear();
-    for (const auto& [key, entryValue] : file.GetEntries(kQelColorsSection)) {
-        const QString value = StripComment(entryValue);
+    for (const auto& entry : file.GetEntries(kQelColorsSection)) {
+        const QString& key = entry.first;
+        const QString value = StripComment(entry.second);
         const auto report = [&](const char* problem) {
             m_errors.append(EntryError(kQelColorsSection, key, value, QString::fromLatin1(problem)));
         };
@@ -84,8 +85,9 @@ void ColorMap::Load(const FileObject& file)
     }
     RebuildFilter();
 
-    for (const auto& [name, entryValue] : file.GetEntries(kWinColorsSection)) {
-        const QString value = StripComment(entryValue);
+    for (const auto& entry : file.GetEntries(kWinColorsSection)) {
+        const QString& name = entry.first;
+        const QString value = StripComment(entry.second);
         const auto report = [&](const char* problem) {
             m_errors.append(EntryError(kWinColorsSection, name, value, QString::fromLatin1(problem)));
         };
