@@ -439,6 +439,17 @@ bool CQelUnitCnv::Load(const FileObject& file, const QString& section)
 
 void CQelUnitCnv::Save(FileObject& file, const QString& section) const
 {
-    for (int kind = 0; kind < kUnitKindCount; ++kind)
-        file.SetString(section, UnitCategoryName(kind), m_units[size_t(kind)].key);
+    // Load takes the last entry that names a kind, by category name or by number: such entries
+    // would override what is written here, so each kind keeps one entry, under its name.
+    for (const auto& entry : file.GetEntries(section)) {
+        int number = 0;
+        if (TextToInt(entry.first, number))
+            file.RemoveEntry(section, entry.first);
+    }
+    for (int kind = 0; kind < kUnitKindCount; ++kind) {
+        const QString name = UnitCategoryName(kind);
+        if (file.GetValues(section, name).size() > 1)
+            file.RemoveEntry(section, name);
+        file.SetString(section, name, m_units[size_t(kind)].key);
+    }
 }

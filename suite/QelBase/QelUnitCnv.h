@@ -99,7 +99,8 @@ public:
     // numbers ("3 = ft"); unknown kinds and units are skipped, unlisted kinds keep their unit.
     // False when the section gives no usable entry.
     bool Load(const FileObject& file, const QString& section = QStringLiteral("Units"));
-    // Writes the unit of every kind under its category name.
+    // Writes the unit of every kind under its category name. Entries of the section that name a
+    // kind by number, and repeats of a category name, are removed so that it reads back as saved.
     void Save(FileObject& file, const QString& section = QStringLiteral("Units")) const;
 
 private:

@@ -2,8 +2,6 @@
 
 #include "QelGeoCoordSys.h"
 
-#include <QelBase/NumberText.h>
-
 #include <QDir>
 #include <QFileInfo>
 
@@ -109,13 +107,6 @@ void ProjectDefinition::writeSettings()
     SetInt(kFeet, QStringLiteral("Flags"), int(m_feetFlags));
     SetInt(kCoordinates, QStringLiteral("Format"), int(m_coordFormat));
 
-    // Units given by kind number would contradict the category names the converter writes.
-    const auto unitEntries = GetEntries(kUnits);
-    for (const auto& entry : unitEntries) {
-        int kind = 0;
-        if (TextToInt(entry.first, kind))
-            RemoveEntry(kUnits, entry.first);
-    }
     m_units.Save(*this, kUnits);
 
     if (m_multiMedia.isEmpty())

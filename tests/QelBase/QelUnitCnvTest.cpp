@@ -157,3 +157,22 @@ TEST(QelUnitCnv, LoadAndSaveThroughFile)
     for (int kind = 0; kind < kUnitKindCount; ++kind)
         EXPECT_EQ(back.GetUnitKey(kind), cnv.GetUnitKey(kind)) << kind;
 }
+
+TEST(QelUnitCnv, SavingIntoTheSectionItWasReadFromReadsBackTheSame)
+{
+    // A kind named twice, or by its number, would override the saved entry on the next load.
+    FileObject fo;
+    fo.LoadFromText("[Units]\nDepth Units = ft\n4 = fats = 1\nDistance Units = km\n[Other]\nx = 1\n"
+                    "[Units]\ndepth units = ft\n4 = fathom\n3 = yd\n");
+    CQelUnitCnv cnv;
+    ASSERT_TRUE(cnv.Load(fo));
+    EXPECT_EQ(cnv.GetUnitKey(UNIT_DEPTH), "fathom");
+    EXPECT_EQ(cnv.GetUnitKey(UNIT_DISTANCE), "yd");
+    cnv.Save(fo);
+    EXPECT_EQ(fo.GetEntries("Units").size(), kUnitKindCount);
+    CQelUnitCnv back;
+    ASSERT_TRUE(back.Load(fo));
+    for (int kind = 0; kind < kUnitKindCount; ++kind)
+        EXPECT_EQ(back.GetUnitKey(kind), cnv.GetUnitKey(kind)) << kind;
+    EXPECT_EQ(fo.GetValues("Other", "x"), QStringList{"1"});
+}
