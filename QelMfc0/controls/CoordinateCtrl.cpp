@@ -1,6 +1,7 @@
 #include "QelMfc0/controls/CoordinateCtrl.h"
 
 #include "QelMfc0/StringTable.h"
+#include "QelMfc0/controls/InputMarker.h"
 #include "QelMfc0/controls/PlaceholderReplacement.h"
 #include "QelMfc0/controls/ProjectFollower.h"
 
@@ -22,6 +23,7 @@
 #include <QResizeEvent>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -110,8 +112,10 @@ void CCoordinateCtrl::onProjectChanged()
     readProjectSettings();
     if (m_button)
         m_button->setText(FormatLabel(m_format));
-    if (m_empty)
+    if (m_empty) {
+        checkInput();
         return;
+    }
     if (const QelGeoCoordSysBase* system = coordSys()) {
         // Both forms agreed in the old project: keep the place on earth. Without a coordinate
         // system there, the form the control showed is kept and the other one derived.
@@ -122,6 +126,7 @@ void CCoordinateCtrl::onProjectChanged()
     }
     m_valid = true;
     showPosition();
+    checkInput();
 }
 
 void CCoordinateCtrl::applyGeogsFlags()
@@ -170,6 +175,8 @@ bool CCoordinateCtrl::Create(const QRect& rect, QWidget* parent, int id)
         edit->installEventFilter(this);
         connect(edit, &QLineEdit::textChanged, this, &CCoordinateCtrl::onTextChanged);
     }
+    m_marker1 = new InputMarker(m_edit1);
+    m_marker2 = new InputMarker(m_edit2);
     // Focus given to the control goes to the format button; Tab then walks button, edit 1, edit 2.
     setFocusPolicy(Qt::TabFocus);
     setFocusProxy(m_button);
@@ -508,12 +515,55 @@ void CCoordinateCtrl::updateTooltips()
         return QStringLiteral("<b>%1</b><br>%2")
             .arg(LoadQelString(QelStrings::EXAMPLES_TITLE).toHtmlEscaped(), lines);
     };
-    m_edit1->setToolTip(tip(true));
-    m_edit2->setToolTip(tip(false));
+    m_marker1->SetToolTip(tip(true));
+    m_marker2->SetToolTip(tip(false));
+}
+
+QString CCoordinateCtrl::InputProblem(bool first, const QString& text) const
+{
+    if (text.trimmed().isEmpty())
+        return QString();
+    if (isGeographic(m_format)) {
+        double value = 0.0;
+        if (!StringToGeo(text, value))
+            return first ? tr("This text cannot be read as a latitude; it counts as 0.")
+                         : tr("This text cannot be read as a longitude; it counts as 0.");
+        if (first && std::fabs(value) > 90.0)
+            return tr("A latitude lies between 90° S and 90° N.");
+        if (!first && std::fabs(value) > 180.0)
+            return tr("A longitude lies between 180° W and 180° E.");
+        return QString();
+    }
+    if (m_format != fmt_grid)
+        return QString();
+    bool readable = false;
+    double value = 0.0;
+    if (m_feetFlags != 0)
+        StringToValue(text, &readable);
+    else
+        readable = TextToDouble(text, value);
+    if (readable)
+        return QString();
+    return m_feetFlags != 0 ? tr("This text cannot be read as feet and inches; it counts as 0.")
+                            : tr("This text cannot be read as a number; only the number it starts with counts.");
+}
+
+bool CCoordinateCtrl::IsInputMarked() const
+{
+    return (m_marker1 && m_marker1->IsMarked()) || (m_marker2 && m_marker2->IsMarked());
+}
+
+void CCoordinateCtrl::checkInput()
+{
+    if (!m_created)
+        return;
+    m_marker1->SetProblem(InputProblem(true, m_edit1->text()));
+    m_marker2->SetProblem(InputProblem(false, m_edit2->text()));
 }
 
 void CCoordinateCtrl::onTextChanged()
 {
+    checkInput();
     if (!m_notify)
         return;
     m_valid = false;

@@ -11,6 +11,7 @@
 #include <QString>
 #include <QWidget>
 
+class InputMarker;
 class QFont;
 class QLineEdit;
 class QMenu;
@@ -122,6 +123,12 @@ public:
     static QString ExampleLines(bool latitude);
     // Decimals shown in `format` for the project's geographic decimals and flags.
     int Decimals(format_type format) const;
+    // What is wrong with `text` as the first (latitude or X) or second (longitude or Y)
+    // coordinate of the current format: unreadable, or a latitude beyond 90 or longitude beyond
+    // 180 degrees; empty when it reads well or is empty. The edits are marked with it.
+    QString InputProblem(bool first, const QString& text) const;
+    // True while edit 1 or edit 2 shows text marked as unreadable.
+    bool IsInputMarked() const;
 
     // Button column plus an edit's preferred width; two edits high (for layouts).
     QSize sizeHint() const override;
@@ -152,6 +159,7 @@ private:
     void applyTooltipRule();
     void updateTooltips();
     void onTextChanged();
+    void checkInput();
     void onButtonClicked();
     void commit();
     void showPosition(); // writes the stored position to the edits
@@ -162,6 +170,8 @@ private:
     QPushButton* m_button = nullptr;
     QLineEdit* m_edit1 = nullptr;
     QLineEdit* m_edit2 = nullptr;
+    InputMarker* m_marker1 = nullptr;
+    InputMarker* m_marker2 = nullptr;
     format_type m_format = fmt_grid;
     int m_gridDecimals = 0;
     int m_geogsDecimals = 0;

@@ -1,10 +1,12 @@
 #include <QelMfc0/controls/DistanceCtrl.h>
 
+#include <QelMfc0/controls/InputMarker.h>
 #include <QelMfc0/controls/PlaceholderReplacement.h>
 #include <QelMfc0/controls/ProjectFollower.h>
 
 #include <QelBase/DisplayScale.h>
 #include <QelBase/GeoText.h>
+#include <QelBase/NumberText.h>
 #include <QelBase/QelUnitCnv.h>
 #include <QelConfigure/DataSearch.h>
 #include <QelConfigure/ProjectDefinition.h>
@@ -18,6 +20,7 @@
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
+#include <cmath>
 #include <stdexcept>
 
 namespace {
@@ -57,6 +60,7 @@ DistanceCtrl::DistanceCtrl(QWidget* parent)
     m_edit->setObjectName(QStringLiteral("distanceEdit"));
     m_edit->setProperty("id", kEditId);
     m_edit->installEventFilter(this);
+    m_marker = new InputMarker(m_edit);
     setFocusProxy(m_button);
     setFocusPolicy(m_button->focusPolicy());
 
@@ -170,6 +174,7 @@ void DistanceCtrl::onProjectChanged()
     // What the user typed stays as typed; a value the control showed is shown again.
     if (!m_empty && !m_edited)
         showValue(m_converted && !m_units.isEmpty());
+    m_marker->SetProblem(InputProblem(m_edit->text()));
 }
 
 int DistanceCtrl::Id() const
@@ -194,6 +199,82 @@ bool DistanceCtrl::GetDistance(double& value) const
         return false;
     value = m_distance;
     return true;
+}
+
+const DistanceCtrl::Unit* DistanceCtrl::findTypedUnit(const QString& text) const
+{
+    // Exactly as listed first, then without regard to case.
+    for (const Qt::CaseSensitivity cs : {Qt::CaseSensitive, Qt::CaseInsensitive}) {
+        for (const Unit& unit : m_units) {
+            if (unit.abbreviation.compare(text, cs) == 0 || unit.key.compare(text, cs) == 0)
+                return &unit;
+        }
+    }
+    return nullptr;
+}
+
+bool DistanceCtrl::parseTyped(const QString& text, double& value, QString* problem) const
+{
+    QString s = text.trimmed();
+    if (s.isEmpty())
+        return false;
+    // ',' is the decimal point of a text without '.'.
+    if (!s.contains(u'.'))
+        s.replace(u',', u'.');
+    DecimalSyntax syntax;
+    syntax.minusSign = true;
+    const DecimalScan number = ScanDecimal(s, syntax);
+    if (number.length == 0 || number.outOfRange || !std::isfinite(number.value)) {
+        if (problem)
+            *problem = tr("This text cannot be read as a distance.");
+        return false;
+    }
+    const QString unitText = s.mid(number.length).trimmed();
+    const Unit* unit = nullptr;
+    if (unitText.isEmpty()) {
+        unit = m_current >= 0 && m_current < m_units.size() ? &m_units[m_current] : nullptr;
+    } else {
+        unit = findTypedUnit(unitText);
+        if (!unit) {
+            if (problem)
+                *problem = tr("\"%1\" is not a distance unit of the units list.").arg(unitText);
+            return false;
+        }
+    }
+    if (!unit) {
+        // Without units (no units file) a bare number is taken in the project's unit.
+        value = number.value;
+        return true;
+    }
+    const CQelUnitCnv converter;
+    const double internal = converter.ToInternalUnit(kDistanceUnitKind, number.value, unit->factor, unit->offset);
+    const double converted = converter.ToExternalUnit(kDistanceUnitKind, internal, m_projectFactor, m_projectOffset);
+    if (!std::isfinite(converted)) {
+        if (problem)
+            *problem = tr("This distance is too large.");
+        return false;
+    }
+    value = converted;
+    return true;
+}
+
+bool DistanceCtrl::ReadTypedDistance(double& value) const
+{
+    return parseTyped(m_edit->text(), value, nullptr);
+}
+
+QString DistanceCtrl::InputProblem(const QString& text) const
+{
+    if (text.trimmed().isEmpty())
+        return QString();
+    QString problem;
+    double value = 0.0;
+    return parseTyped(text, value, &problem) ? QString() : problem;
+}
+
+bool DistanceCtrl::IsInputMarked() const
+{
+    return m_marker->IsMarked();
 }
 
 QString DistanceCtrl::FormatDistance(double value, bool convert) const
@@ -354,6 +435,7 @@ void DistanceCtrl::showValue(bool convert)
 
 void DistanceCtrl::onTextChanged()
 {
+    m_marker->SetProblem(InputProblem(m_edit->text()));
     if (!m_notify)
         return;
     m_empty = false;

@@ -11,6 +11,7 @@
 #include <QString>
 #include <QWidget>
 
+class InputMarker;
 class QFont;
 class QLineEdit;
 class QMenu;
@@ -65,6 +66,16 @@ public:
     // The stored value and true; false (value untouched) when the control is empty. The edit's
     // text is never parsed: typing does not change the stored value.
     bool GetDistance(double& value) const;
+    // For hosts that take typed distances: the edit's text read as a number, optionally followed
+    // by a unit's abbreviation or key ("2 km", "2000", "6,5 ft"; without one, the current
+    // unit), converted into the project's unit. False (value untouched) for empty or unreadable
+    // text or an unknown unit. The control itself is not changed; SetDistance shows the value.
+    bool ReadTypedDistance(double& value) const;
+    // What is wrong with `text` as a typed distance; empty when it reads well or is empty. The
+    // edit is marked with it while the user types.
+    QString InputProblem(const QString& text) const;
+    // True while the edit shows text marked as unreadable.
+    bool IsInputMarked() const;
     // The text the control shows for `value`: the decimals of the project, one space, and with
     // `convert` the value converted into the current unit and its abbreviation. Throws
     // std::invalid_argument when `convert` and the current unit index is outside the list.
@@ -125,10 +136,13 @@ private:
     void finishCreate(int id);
     void showValue(bool convert);
     void onTextChanged();
+    const Unit* findTypedUnit(const QString& text) const;
+    bool parseTyped(const QString& text, double& value, QString* problem) const;
     void onButtonClicked();
 
     QPushButton* m_button = nullptr;
     QLineEdit* m_edit = nullptr;
+    InputMarker* m_marker = nullptr;
     QList<Unit> m_units;
     int m_decimals = 2;
     int m_current = 0;

@@ -1,0 +1,144 @@
+// What the user types into the coordinate and distance controls: text that cannot be read, or
+// a latitude or longitude out of range, is marked in the edit until it is corrected (the values
+// read stay as the controls define them), and a typed distance can be taken by the host.
+#include <common/TestProject.h>
+
+#include <QelMfc0/ColorRef.h>
+#include <QelMfc0/colour/ColorControl.h>
+#include <QelMfc0/controls/CoordinateCtrl.h>
+#include <QelMfc0/controls/DistanceCtrl.h>
+#include <QelMfc0/controls/InputMarker.h>
+
+#include <QCoreApplication>
+#include <QLineEdit>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class TypedInputTest : public ::testing::Test
+{
+protected:
+    void SetUp() override { ASSERT_TRUE(m_project.IsOpen()); }
+    void TearDown() override
+    {
+        ColorControl::Instance().SetLightMode(ColorConverter::normal, false);
+        QCoreApplication::processEvents();
+    }
+    static void Type(QLineEdit* edit, const QString& text)
+    {
+        edit->selectAll();
+        if (text.isEmpty())
+            QTest::keyClick(edit, Qt::Key_Delete);
+        else
+            QTest::keyClicks(edit, text);
+    }
+    static QColor Base(const QLineEdit* edit) { return edit->palette().color(QPalette::Base); }
+
+    TestProject m_project;
+    QWidget m_host;
+};
+
+TEST_F(TypedInputTest, CoordinateEditsMarkUnreadableAndOutOfRangeTextUntilCorrected)
+{
+    auto* ctrl = new CCoordinateCtrl();
+    ASSERT_TRUE(ctrl->Create(QRect(0, 0, 250, 46), &m_host, 1));
+    const QColor normalBase = Base(ctrl->Edit1());
+    struct Case
+    {
+        CCoordinateCtrl::format_type format;
+        const char* first;
+        const char* second;
+        bool firstMarked, secondMarked;
+    };
+    const Case cases[] = {
+        {CCoordinateCtrl::fmt_grid, "500000.25", "5760000", false, false},
+        {CCoordinateCtrl::fmt_grid, "500000 m", "", true, false}, // read as 500000, but not all of it
+        {CCoordinateCtrl::fmt_grid, "east", "-1e3", true, false},
+        {CCoordinateCtrl::fmt_seconds, "56 30 7.2 N", "3°15'E", false, false},
+        {CCoordinateCtrl::fmt_seconds, "90 00 01 N", "180 00 01 W", true, true},
+        {CCoordinateCtrl::fmt_degrees, "-90", "-180", false, false},
+        {CCoordinateCtrl::fmt_degrees, "north", "3,5", true, false},
+    };
+    for (const Case& c : cases) {
+        ctrl->SetFormatType(c.format);
+        Type(ctrl->Edit1(), QString::fromUtf8(c.first));
+        Type(ctrl->Edit2(), QString::fromUtf8(c.second));
+        const auto describe = [&] { return std::string(c.first) + " / " + c.second; };
+        EXPECT_EQ(!ctrl->InputProblem(true, ctrl->Edit1()->text()).isEmpty(), c.firstMarked) << describe();
+        EXPECT_EQ(Base(ctrl->Edit1()) != normalBase, c.firstMarked) << describe();
+        EXPECT_EQ(Base(ctrl->Edit2()) != normalBase, c.secondMarked) << describe();
+        EXPECT_EQ(ctrl->IsInputMarked(), c.firstMarked || c.secondMarked) << describe();
+        if (c.firstMarked)
+            EXPECT_TRUE(ctrl->Edit1()->toolTip().startsWith(ctrl->InputProblem(true, ctrl->Edit1()->text())));
+    }
+    // The values stay as the control reads them: unreadable geographic text counts as 0.
+    double latitude = 1.0, longitude = 1.0;
+    ctrl->SetLatLon(10.0, 10.0);
+    Type(ctrl->Edit1(), QStringLiteral("north"));
+    ASSERT_TRUE(ctrl->GetLatLon(latitude, longitude));
+    EXPECT_EQ(latitude, 0.0);
+    // Corrected text takes the mark away, and the examples come back as the tooltip.
+    Type(ctrl->Edit1(), QStringLiteral("52 N"));
+    EXPECT_FALSE(ctrl->IsInputMarked());
+    EXPECT_EQ(Base(ctrl->Edit1()), normalBase);
+    EXPECT_TRUE(ctrl->Edit1()->toolTip().contains(QStringLiteral("56.502 N")));
+}
+
+TEST_F(TypedInputTest, TheMarkFollowsTheColourMode)
+{
+    auto* ctrl = new CCoordinateCtrl();
+    ASSERT_TRUE(ctrl->Create(QRect(0, 0, 250, 46), &m_host, 1));
+    Type(ctrl->Edit1(), QStringLiteral("east"));
+    ColorControl& colors = ColorControl::Instance();
+    EXPECT_EQ(Base(ctrl->Edit1()), toQColor(colors.GetColor(InputMarker::kWarningBackground, false)));
+    colors.SetLightMode(ColorConverter::night, false);
+    QCoreApplication::processEvents(); // the mode change is posted
+    const QColor night = toQColor(colors.GetColor(InputMarker::kWarningBackground, false));
+    EXPECT_NE(night, toQColor(InputMarker::kWarningBackground)); // the night map darkens it
+    EXPECT_EQ(Base(ctrl->Edit1()), night);
+    EXPECT_EQ(ctrl->Edit1()->palette().color(QPalette::Text),
+              toQColor(colors.GetColor(InputMarker::kWarningText, false)));
+}
+
+TEST_F(TypedInputTest, TypedDistancesAreReadWithTheirUnitAndMarkedWhenUnreadable)
+{
+    DistanceCtrl ctrl(&m_host); // the project's unit: metres
+    ctrl.SetDistUnit(QStringLiteral("NM"));
+    ctrl.SetDistance(1852.0, true);
+    struct Case
+    {
+        const char* text;
+        bool readable;
+        double metres;
+    };
+    const Case cases[] = {
+        {"2", true, 3704.0}, // the current unit
+        {"2 km", true, 2000.0},
+        {" 2KM ", true, 2000.0},
+        {"6,5 ft", true, 1.9812},
+        {"-1.5e3 m", true, -1500.0},
+        {"1852.00 m", true, 1852.0}, // as the control shows a value
+        {"2 parsecs", false, 0.0},
+        {"far", false, 0.0},
+        {"1e999 m", false, 0.0},
+    };
+    for (const Case& c : cases) {
+        Type(ctrl.Edit(), QString::fromUtf8(c.text));
+        double metres = -1.0;
+        EXPECT_EQ(ctrl.ReadTypedDistance(metres), c.readable) << c.text;
+        if (c.readable)
+            EXPECT_NEAR(metres, c.metres, 1e-9) << c.text;
+        EXPECT_EQ(ctrl.IsInputMarked(), !c.readable) << c.text;
+    }
+    // Typing never changes the stored value; the host takes it with SetDistance.
+    double value = 0.0;
+    ASSERT_TRUE(ctrl.GetDistance(value));
+    EXPECT_EQ(value, 1852.0);
+    Type(ctrl.Edit(), QString());
+    EXPECT_FALSE(ctrl.IsInputMarked());
+    EXPECT_FALSE(ctrl.ReadTypedDistance(value));
+}
+
+} // namespace
