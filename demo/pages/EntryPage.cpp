@@ -137,8 +137,17 @@ QWidget* EntryPage::BuildEntryControls()
         auto* control = new DistanceCtrl;
         control->CreateFromStatic(placeholder);
         control->SetDistance(1852.0, true);
-        if (readOnly)
+        if (readOnly) {
             control->SetReadOnly();
+        } else {
+            // The page takes what the user types ("2000", "2 km") when the edit is left, and
+            // shows it as the control reads it; unreadable text stays marked as it is.
+            connect(control, &DistanceCtrl::committed, control, [control] {
+                double value = 0.0;
+                if (control->ReadTypedDistance(value))
+                    control->SetDistance(value, !control->Units().isEmpty());
+            });
+        }
     }
     return box;
 }

@@ -9,6 +9,7 @@
 #include <QelMfc0/controls/DistanceCtrl.h>
 #include <QelMfc0/controls/InputMarker.h>
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <QLineEdit>
 #include <QTest>
@@ -139,6 +140,29 @@ TEST_F(TypedInputTest, TypedDistancesAreReadWithTheirUnitAndMarkedWhenUnreadable
     Type(ctrl.Edit(), QString());
     EXPECT_FALSE(ctrl.IsInputMarked());
     EXPECT_FALSE(ctrl.ReadTypedDistance(value));
+}
+
+TEST_F(TypedInputTest, AHostThatTakesTypedDistancesKeepsThemWhenTheUnitChanges)
+{
+    auto* ctrl = new DistanceCtrl(&m_host);
+    auto* other = new QLineEdit(&m_host);
+    ctrl->setGeometry(0, 0, 200, 24);
+    other->setGeometry(0, 30, 200, 24);
+    QObject::connect(ctrl, &DistanceCtrl::committed, ctrl, [ctrl] {
+        double value = 0.0;
+        if (ctrl->ReadTypedDistance(value))
+            ctrl->SetDistance(value, true);
+    });
+    m_host.show();
+    QApplication::setActiveWindow(&m_host);
+    ctrl->SetDistance(1852.0, true);
+    ctrl->Edit()->setFocus();
+    Type(ctrl->Edit(), QStringLiteral("2 km"));
+    other->setFocus(); // leaving the edit commits
+    EXPECT_EQ(ctrl->Edit()->text(), QStringLiteral("2000.00 m"));
+    const int nauticalMiles = DistanceCtrl::kFirstUnitCommand + 8; // m km cm mm ft ftUS yd fathom NM
+    ctrl->ChooseUnit(nauticalMiles);
+    EXPECT_EQ(ctrl->Edit()->text(), QStringLiteral("1.08 NM"));
 }
 
 } // namespace
