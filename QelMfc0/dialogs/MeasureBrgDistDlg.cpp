@@ -102,6 +102,7 @@ void CMeasureBrgDistDlg::Recompute()
     distance /= MeasureSupport::LineScaleFactor(m_from.x, m_from.y, m_to.x, m_to.y);
     MeasureSupport::ShowDistance(m_distanceCtrl, distance, true);
     m_bearing->setText(QelFormatter().FormatBearing(bearing));
+    ChangeFontSize();
 }
 
 void CMeasureBrgDistDlg::Clear()
@@ -138,17 +139,9 @@ void CMeasureBrgDistDlg::ChangeFontSize()
 {
     if (!m_distanceCtrl)
         return;
-    MeasureSupport::ReserveTextMargins(m_bearingLabel);
-    MeasureSupport::ReserveTextMargins(m_bearing);
-    if (const int size = GetFontSizeFromDlg(m_bearingLabel); size > 0) {
-        const QFont font = MeasureSupport::ScaledFont(size);
-        m_bearingLabel->setFont(font);
-        m_distanceCtrl->SetFontButton(&font);
-    }
-    if (const int size = GetFontSizeFromDlg(m_bearing); size > 0) {
-        const QFont font = MeasureSupport::ScaledFont(size);
-        m_bearing->setFont(font);
-        m_distanceCtrl->SetFontBox(&font);
-    }
+    FontGroups groups;
+    groups.labels << m_bearingLabel;
+    groups.values << m_bearing;
+    groups.distances << m_distanceCtrl;
+    FitFonts(groups);
 }
-

@@ -179,6 +179,7 @@ void CMeasureDlg::SetFromPos(const Point& from)
     m_fromCtrl->SetXY(from.x, from.y);
     Field(kFromAltitudeId)->setText(QelFormatter().FormatDepth(from.z, true, true));
     Recompute();
+    ChangeFontSize();
 }
 
 void CMeasureDlg::SetToPos(const Point& to)
@@ -188,6 +189,7 @@ void CMeasureDlg::SetToPos(const Point& to)
     FormatToTexts();
     Field(kToAltitudeId)->setText(QelFormatter().FormatDepth(to.z, true, true));
     Recompute();
+    ChangeFontSize();
 }
 
 void CMeasureDlg::FormatToTexts()
@@ -228,6 +230,7 @@ void CMeasureDlg::Recompute()
                                        : formatter.FormatBearing(angle));
     Field(kElevationId)->setText(m_showZdiff ? formatter.FormatDepth(d.z, true, true)
                                              : MeasureSupport::FormatSignedAngle(elevation));
+    ChangeFontSize();
 }
 
 void CMeasureDlg::Clear()
@@ -317,23 +320,12 @@ void CMeasureDlg::ChangeFontSize()
 {
     if (!m_fromCtrl || !m_distanceCtrl)
         return;
+    FontGroups groups;
     for (int id : { kFromLabelId, kBearingLabelId, kToLabelId, kElevationLabelId, kAltitudeLabelId })
-        MeasureSupport::ReserveTextMargins(Label(id));
+        groups.labels << Label(id);
     for (int id : kFieldIds)
-        MeasureSupport::ReserveTextMargins(Field(id));
-    if (const int size = GetFontSizeFromDlg(Label(kBearingLabelId)); size > 0) {
-        const QFont font = MeasureSupport::ScaledFont(size);
-        for (int id : { kFromLabelId, kBearingLabelId, kToLabelId, kElevationLabelId, kAltitudeLabelId })
-            Label(id)->setFont(font);
-        m_fromCtrl->SetFontButton(&font);
-        m_distanceCtrl->SetFontButton(&font);
-    }
-    if (const int size = GetFontSizeFromDlg(Field(kToSecondId)); size > 0) {
-        const QFont font = MeasureSupport::ScaledFont(size);
-        for (int id : kFieldIds)
-            Field(id)->setFont(font);
-        m_fromCtrl->SetFontBox(&font);
-        m_distanceCtrl->SetFontBox(&font);
-    }
+        groups.values << Field(id);
+    groups.positions << m_fromCtrl;
+    groups.distances << m_distanceCtrl;
+    FitFonts(groups);
 }
-

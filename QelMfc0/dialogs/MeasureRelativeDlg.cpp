@@ -111,6 +111,7 @@ void MeasureRelativeDlg::SetStartPos(const Point& start)
     m_start = start;
     m_startSet = true;
     m_coord[0]->SetXY(start.x, start.y);
+    ChangeFontSize();
 }
 
 void MeasureRelativeDlg::SetEndPos(const Point& end)
@@ -118,6 +119,7 @@ void MeasureRelativeDlg::SetEndPos(const Point& end)
     m_end = end;
     m_endSet = true;
     m_coord[2]->SetXY(end.x, end.y);
+    ChangeFontSize();
 }
 
 void MeasureRelativeDlg::SetCurrentPos(const Point& current)
@@ -137,6 +139,7 @@ void MeasureRelativeDlg::SetCurrentPos(const Point& current)
     MeasureSupport::ShowDistance(m_dist[0], along.y / k, true);
     MeasureSupport::ShowDistance(m_dist[1], std::fabs(along.x) / k, true);
     MeasureSupport::ShowDistance(m_dist[2], length / k - along.y / k, true);
+    ChangeFontSize();
 }
 
 void MeasureRelativeDlg::ApplyDistUnit(const QString& key)
@@ -194,19 +197,11 @@ void MeasureRelativeDlg::ChangeFontSize()
 {
     if (!m_coord[0] || !m_dist[0])
         return;
-    for (QLabel* label : m_labels)
-        MeasureSupport::ReserveTextMargins(label);
-    // Every row is as high as the label row, so one fitted size serves labels and values.
-    const int size = GetFontSizeFromDlg(m_labels[0]);
-    if (size <= 0)
-        return;
-    const QFont font = MeasureSupport::ScaledFont(size);
+    FontGroups groups;
     for (int i = 0; i < 3; ++i) {
-        m_labels[i]->setFont(font);
-        m_coord[i]->SetFontButton(&font);
-        m_dist[i]->SetFontButton(&font);
-        m_coord[i]->SetFontBox(&font);
-        m_dist[i]->SetFontBox(&font);
+        groups.labels << m_labels[i];
+        groups.positions << m_coord[i];
+        groups.distances << m_dist[i];
     }
+    FitFonts(groups);
 }
-

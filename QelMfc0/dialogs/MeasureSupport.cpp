@@ -176,6 +176,7 @@ void MeasureSupport::ReserveTextMargins(QWidget* widget)
 {
     if (!widget)
         return;
+    widget->setProperty(kTextMarginsProperty, true);
     const int margin = widget->height() / 5;
     const QMargins margins(0, margin, 0, margin);
     if (widget->contentsMargins() != margins)

@@ -85,6 +85,8 @@ public:
     // that the font fitted to its contents leaves the text room to breathe (and to fit the
     // width of the dialog's columns). Call before asking for the fitting font size.
     static void ReserveTextMargins(QWidget* widget);
+    // The property ReserveTextMargins sets on the widgets it keeps margins for.
+    static constexpr const char* kTextMarginsProperty = "qelTextMargins";
     // An angle in degrees with the bearing formatter's decimals and sign: the formatter's text
     // for the magnitude, with '-' in front of negative angles (slopes and elevations go below
     // the horizontal, they do not wrap around to 359). Empty for NaN or infinity.

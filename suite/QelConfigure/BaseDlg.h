@@ -16,8 +16,17 @@ public:
     // Shows or hides the size grip in the bottom-right corner.
     void EnableSizeGrip(bool enable = true);
     // The largest point size (at least 6, at most 72) at which the text of `control` (its text,
-    // or "0" when it has none) fits the control's height; 0 when `control` is null or too small.
+    // or "0" when it has none; every line of it) fits the control's room for text in height and
+    // width, so nothing of it is cut; 0 when `control` is null or too small even at 6 points.
     int GetFontSizeFromDlg(const QWidget* control) const;
+
+    // The text `control` shows: its "text" property, or "0" when it has none.
+    static QString TextOf(const QWidget* control);
+    // The room for text inside `control`: its size less the frame, padding and contents margins
+    // that its kind of widget (line edit, button, label) keeps around the text.
+    static QSize TextRoom(const QWidget* control);
+    // True when `text` in `font` fits `room` (each line's width; all lines' height).
+    static bool TextFits(const QString& text, const QFont& font, const QSize& room);
 
 protected:
     // Called after every resize, once the layout has placed the children.

@@ -5,6 +5,7 @@
 #include <QelAttributes/AttributeMap.h>
 #include <QelBase/DisplayScale.h>
 #include <QelBase/FileObject.h>
+#include <QelConfigure/BaseDlg.h>
 #include <QelConfigure/DataSearch.h>
 #include <QelConfigure/ProjectDefinition.h>
 #include <QelConfigure/QelFormatter.h>
@@ -469,4 +470,68 @@ TEST_F(MeasureDlgTest, PlacedAtTheParentsCornerAndFontsFollowTheSize)
     QApplication::processEvents();
     EXPECT_GT(bearingLabel->font().pointSize(), smallLabel);
     EXPECT_EQ(dlg.size(), QSize(DpiCor(1000), DpiCor(300))); // the bigger fonts do not grow it
+}
+
+namespace {
+
+// True when `widget` shows its whole text: a line edit does not scroll it (the first character
+// is still at the left edge with the cursor at the end), a label's text and margins fit it, a
+// button's caption fits the room its style leaves for it.
+bool ShowsWholeText(QWidget* widget)
+{
+    if (auto* edit = qobject_cast<QLineEdit*>(widget)) {
+        edit->setCursorPosition(int(edit->text().size()));
+        return edit->text().isEmpty() || edit->cursorPositionAt(QPoint(edit->contentsRect().left() + 4, edit->height() / 2)) == 0;
+    }
+    if (auto* label = qobject_cast<QLabel*>(widget)) {
+        const QSize hint = label->sizeHint();
+        return hint.width() <= label->width() && hint.height() <= label->height();
+    }
+    if (auto* button = qobject_cast<QPushButton*>(widget))
+        return BaseDlg::TextFits(button->text(), button->font(), BaseDlg::TextRoom(button));
+    return true;
+}
+
+std::string CutTexts(QDialog& dialog)
+{
+    std::string cut;
+    for (QWidget* widget : dialog.findChildren<QWidget*>()) {
+        if (widget->isVisibleTo(&dialog) && !ShowsWholeText(widget))
+            cut += " [" + BaseDlg::TextOf(widget).toStdString() + " in " + std::to_string(widget->width()) + "x"
+                   + std::to_string(widget->height()) + " at " + std::to_string(widget->font().pointSize()) + "pt]";
+    }
+    return cut;
+}
+
+} // namespace
+
+TEST_F(MeasureDlgTest, NoDigitOrLabelIsCutAtAnySize)
+{
+    // Survey numbers of full length: seven-digit northings, four-digit distances.
+    const Point from(498200.0, 5763622.52, -8.4);
+    const Point to(505107.58, 5763622.52, -14.9);
+    CMeasureDlg measure(nullptr, nullptr, true);
+    measure.SetFromPos(from);
+    measure.SetToPos(to);
+    MeasureRelativeDlg relative(nullptr, nullptr);
+    relative.SetStartPos(from);
+    relative.SetEndPos(to);
+    relative.SetCurrentPos(Point(from.x + 6907.58, from.y - 120.0));
+    CMeasureBrgDistDlg vessel(nullptr, nullptr);
+    vessel.SetFromPos(from);
+    vessel.SetToPos(to);
+    for (QDialog* dialog : std::initializer_list<QDialog*>{&measure, &relative, &vessel}) {
+        dialog->show();
+        for (const QSize size : {QSize(40, 20), dialog->size(), QSize(700, 90), QSize(1600, 500), QSize(300, 700)}) {
+            dialog->resize(size);
+            QApplication::processEvents();
+            EXPECT_EQ(CutTexts(*dialog), "") << dialog->windowTitle().toStdString() << " asked " << size.width()
+                                             << "x" << size.height();
+        }
+        // Never so small that the text is smaller than the smallest size.
+        dialog->resize(1, 1);
+        QApplication::processEvents();
+        for (const QLineEdit* edit : dialog->findChildren<QLineEdit*>())
+            EXPECT_GE(edit->font().pointSize(), MeasureDlgBase::kSmallestPointSize);
+    }
 }
