@@ -94,10 +94,15 @@ void MeasureDlgBase::FitFonts(const FontGroups& groups)
     const int labelSize = fitted(groups.labels);
     const QFont labelFont = MeasureSupport::ScaledFont(labelSize);
     const QFont valueFont = MeasureSupport::ScaledFont(fitted(values));
+    // Fonts are set only when they change: the values change many times a second.
+    const auto setFont = [](QWidget* widget, const QFont& font) {
+        if (widget->font() != font)
+            widget->setFont(font);
+    };
     for (QWidget* widget : groups.labels)
-        widget->setFont(labelFont);
+        setFont(widget, labelFont);
     for (QWidget* widget : groups.values)
-        widget->setFont(valueFont);
+        setFont(widget, valueFont);
     // The format and unit buttons keep their fixed width: their captions take the label font,
     // or a smaller one where the caption would not fit it.
     const auto buttonFont = [&](QWidget* button) {
@@ -105,13 +110,17 @@ void MeasureDlgBase::FitFonts(const FontGroups& groups)
     };
     for (CCoordinateCtrl* position : groups.positions) {
         const QFont font = buttonFont(position->FormatButton());
-        position->SetFontButton(&font);
-        position->SetFontBox(&valueFont);
+        if (position->FormatButton()->font() != font)
+            position->SetFontButton(&font);
+        if (position->Edit1()->font() != valueFont)
+            position->SetFontBox(&valueFont);
     }
     for (DistanceCtrl* distance : groups.distances) {
         const QFont font = buttonFont(distance->UnitButton());
-        distance->SetFontButton(&font);
-        distance->SetFontBox(&valueFont);
+        if (distance->UnitButton()->font() != font)
+            distance->SetFontButton(&font);
+        if (distance->Edit()->font() != valueFont)
+            distance->SetFontBox(&valueFont);
     }
 
     // Room for every text at the smallest size: the layout keeps the dialog at least this large.
