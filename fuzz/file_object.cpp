@@ -66,7 +66,8 @@ bool WritableKey(const QString& key)
     const QString name = key.trimmed();
     return !name.isEmpty() && !name.contains(QLatin1Char('=')) && !name.contains(QLatin1Char('\n'))
         && !name.contains(QLatin1Char('\r')) && !name.startsWith(QLatin1Char('['))
-        && !name.startsWith(QLatin1Char(';')) && !name.startsWith(QLatin1Char('#'));
+        && !name.startsWith(QLatin1Char(';')) && !name.startsWith(QLatin1Char('#'))
+        && !name.startsWith(QChar(0xFEFF));
 }
 
 void CheckSameContents(const FileObject& a, const FileObject& b, const char* what)

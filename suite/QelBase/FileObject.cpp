@@ -416,7 +416,8 @@ bool FileObject::validKey(const QString& key)
     const QString name = key.trimmed();
     return !name.isEmpty() && !name.contains(QLatin1Char('=')) && !name.contains(QLatin1Char('\n'))
         && !name.contains(QLatin1Char('\r')) && !name.startsWith(QLatin1Char('['))
-        && !name.startsWith(QLatin1Char(';')) && !name.startsWith(QLatin1Char('#'));
+        && !name.startsWith(QLatin1Char(';')) && !name.startsWith(QLatin1Char('#'))
+        && !name.startsWith(QChar(0xFEFF)); // at the start of the file it would read as a BOM
 }
 
 QString FileObject::entryText(const QString& key, const QString& value)

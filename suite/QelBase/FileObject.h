@@ -82,7 +82,7 @@ public:
     // Typed writes: replace the value of the first entry of the key in place, or append the
     // entry at the end of the section (created at the end of the file when missing). Newlines in
     // a value become blanks. A key that is empty or would not read back (contains '=' or starts
-    // with '[', ';' or '#') is not written.
+    // with '[', ';', '#' or a byte-order mark U+FEFF) is not written.
     void SetString(const QString& section, const QString& key, const QString& value);
     void SetInt(const QString& section, const QString& key, int value);
     // Shortest text that reads back to the same double.

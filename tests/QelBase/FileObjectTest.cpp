@@ -276,3 +276,16 @@ TEST(FileObject, AddRemoveAndRejectedKeys)
     fo.GetInt("S", "x", x);
     EXPECT_EQ(x, 0);
 }
+
+TEST(FileObject, AKeyWrittenFirstReadsBackEvenWhenItStartsLikeAByteOrderMark)
+{
+    // A key beginning with U+FEFF, written as the first line, read back as a byte-order mark and
+    // lost its first character.
+    FileObject fo;
+    fo.SetString("", QString(QChar(0xFEFF)) + "U", "v");
+    fo.AddEntry("S", QString(QChar(0xFEFF)), "w");
+    FileObject back;
+    back.LoadFromText(fo.ToText());
+    for (const char* section : {"", "S"})
+        EXPECT_EQ(back.GetEntries(section), fo.GetEntries(section)) << fo.ToText().toStdString();
+}
