@@ -29,6 +29,18 @@ namespace {
 const ColorConverter::mode kModes[] = { ColorConverter::normal, ColorConverter::night, ColorConverter::twilight,
                                         ColorConverter::bright };
 
+// File-name stems of the colour modes, the same in every language.
+QString ModeSlug(ColorConverter::mode mode)
+{
+    switch (mode) {
+    case ColorConverter::normal: return QStringLiteral("normal");
+    case ColorConverter::night: return QStringLiteral("night");
+    case ColorConverter::twilight: return QStringLiteral("twilight");
+    case ColorConverter::bright: return QStringLiteral("bright");
+    default: return QStringLiteral("unknown");
+    }
+}
+
 void Settle()
 {
     // Palette changes and posted notifications are delivered through the event loop.
@@ -158,7 +170,7 @@ bool GalleryWindow::WriteScreenshots(const QString& folder)
     for (ColorConverter::mode mode : kModes) {
         SetColourMode(mode);
         Settle();
-        const QString modeName = ColorControl::GetColorModeString(mode).toLower();
+        const QString modeName = ModeSlug(mode);
         for (int i = 0; i < PageCount(); ++i) {
             ShowPage(i);
             Settle();

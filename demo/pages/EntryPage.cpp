@@ -18,6 +18,8 @@
 #include <QelMfc0/dialogs/MeasureDlg.h>
 #include <QelMfc0/dialogs/MeasureRelativeDlg.h>
 
+#include <stdexcept>
+
 namespace {
 // A placeholder label in a form, replaced by its control once the form is built.
 QLabel* Placeholder(const QString& text, QWidget* parent)
@@ -136,7 +138,13 @@ QWidget* EntryPage::BuildEntryControls()
         form->addRow(readOnly ? tr("Read-only distance:") : tr("Distance:"), placeholder);
         auto* control = new DistanceCtrl;
         control->CreateFromStatic(placeholder);
-        control->SetDistance(1852.0, true);
+        // One nautical mile in the project's unit; without a unit the library refuses the
+        // conversion, and the control then shows the plain number.
+        try {
+            control->SetDistance(1852.0, true);
+        } catch (const std::invalid_argument&) {
+            control->SetDistance(1852.0, false);
+        }
         if (readOnly) {
             control->SetReadOnly();
         } else {
