@@ -39,15 +39,15 @@ void OnTerminationSignal(int)
 
 namespace StartUp {
 
-void ChooseHeadlessPlatform(int argc, char** argv)
+bool ChooseHeadlessPlatform(int argc, char** argv)
 {
     if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        return;
+        return true;
     bool windowless = false;
     for (int i = 1; i < argc; ++i) {
         const char* arg = argv[i];
         if (std::strcmp(arg, "-platform") == 0 || std::strcmp(arg, "--platform") == 0)
-            return; // the user chose one
+            return true; // the user chose one
         if (std::strcmp(arg, "--screenshot") == 0 || std::strncmp(arg, "--screenshot=", 13) == 0
             || std::strcmp(arg, "--help") == 0 || std::strcmp(arg, "--help-all") == 0
             || std::strcmp(arg, "-h") == 0 || std::strcmp(arg, "-?") == 0)
@@ -60,6 +60,7 @@ void ChooseHeadlessPlatform(int argc, char** argv)
 #endif
     if (windowless && !display)
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    return windowless || display;
 }
 
 void QuitOnTerminationSignals(QCoreApplication* app)

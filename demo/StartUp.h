@@ -11,8 +11,9 @@ namespace StartUp {
 
 // Before the application object exists: picks Qt's offscreen platform for the runs that need
 // no window on screen (--screenshot, --help), but only when no platform was chosen
-// (QT_QPA_PLATFORM, -platform) and no display is reachable.
-void ChooseHeadlessPlatform(int argc, char** argv);
+// (QT_QPA_PLATFORM, -platform) and no display is reachable. False when the run needs a window
+// and there is neither a display nor a chosen platform.
+bool ChooseHeadlessPlatform(int argc, char** argv);
 
 // SIGINT, SIGTERM and SIGHUP make `app` quit its event loop, so that main returns normally and
 // everything it made (the unpacked project folder included) is cleaned up.

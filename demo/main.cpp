@@ -97,7 +97,9 @@ int Run(QApplication& app, const QCommandLineParser& parser, const QCommandLineO
 
 int main(int argc, char** argv)
 {
-    StartUp::ChooseHeadlessPlatform(argc, argv);
+    if (!StartUp::ChooseHeadlessPlatform(argc, argv))
+        return Fail(Tr("no display to show the window on (DISPLAY and WAYLAND_DISPLAY are not set); "
+                       "--screenshot DIR writes the pages as PNG files without one"));
     QApplication app(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("Qel"));
     QCoreApplication::setApplicationName(QStringLiteral("QelGallery"));

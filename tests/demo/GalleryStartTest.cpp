@@ -112,12 +112,18 @@ TEST_F(GalleryStart, ScreenshotsWithoutADisplayHaveTheSameNamesInEveryLanguage)
     EXPECT_TRUE(outcome.leftovers.isEmpty()) << outcome.leftovers.join(QLatin1Char(' ')).toStdString();
 }
 
-TEST_F(GalleryStart, HelpWithoutADisplay)
+TEST_F(GalleryStart, WithoutADisplayHelpIsShownAndTheWindowRefusedInOneLine)
 {
-    const Outcome outcome = Run({ QStringLiteral("--help") }, Environment());
-    EXPECT_FALSE(outcome.crashed);
-    EXPECT_EQ(outcome.exitCode, 0);
-    EXPECT_TRUE(outcome.out.contains(QLatin1String("--screenshot")));
+    const Outcome help = Run({ QStringLiteral("--help") }, Environment());
+    EXPECT_FALSE(help.crashed);
+    EXPECT_EQ(help.exitCode, 0);
+    EXPECT_TRUE(help.out.contains(QLatin1String("--screenshot")));
+
+    const Outcome window = Run({}, Environment());
+    EXPECT_FALSE(window.crashed);
+    EXPECT_EQ(window.exitCode, 2);
+    EXPECT_EQ(window.errorLines.size(), 1) << window.errorLines.join(QLatin1Char('\n')).toStdString();
+    EXPECT_TRUE(window.leftovers.isEmpty());
 }
 
 TEST_F(GalleryStart, TerminationSignalQuitsAndRemovesTheUnpackedProject)
