@@ -6,13 +6,15 @@
 #include "pages/HelmsmanPage.h"
 #include "pages/LibraryPage.h"
 
+#include <QCoreApplication>
+
 std::vector<GalleryPage> GalleryPages()
 {
     return {
-        { QStringLiteral("Library"), QStringLiteral("library"), [](QWidget* parent) { return new LibraryPage(parent); } },
-        { QStringLiteral("Drawing helpers"), QStringLiteral("drawing-helpers"), &CreateDrawingHelpersPage },
-        { QStringLiteral("Colour modes"), QStringLiteral("colour-modes"), [](QWidget* parent) { return new ColourModesPage(parent); } },
-        { QStringLiteral("Entry and measuring"), QStringLiteral("entry"), [](QWidget* parent) { return new EntryPage(parent); } },
-        { QStringLiteral("Helmsman"), QStringLiteral("helmsman"), [](QWidget* parent) { return new HelmsmanPage(parent); } },
+        { QCoreApplication::translate("GalleryPages", "Library"), QStringLiteral("library"), [](QWidget* parent) { return new LibraryPage(parent); } },
+        { QCoreApplication::translate("GalleryPages", "Drawing helpers"), QStringLiteral("drawing-helpers"), &CreateDrawingHelpersPage },
+        { QCoreApplication::translate("GalleryPages", "Colour modes"), QStringLiteral("colour-modes"), [](QWidget* parent) { return new ColourModesPage(parent); } },
+        { QCoreApplication::translate("GalleryPages", "Entry and measuring"), QStringLiteral("entry"), [](QWidget* parent) { return new EntryPage(parent); } },
+        { QCoreApplication::translate("GalleryPages", "Helmsman"), QStringLiteral("helmsman"), [](QWidget* parent) { return new HelmsmanPage(parent); } },
     };
 }

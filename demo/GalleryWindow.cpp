@@ -3,7 +3,9 @@
 #include "GalleryPages.h"
 #include "pages/EntryPage.h"
 
+#include <QActionGroup>
 #include <QApplication>
+#include <QEvent>
 #include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
@@ -13,6 +15,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPainter>
+#include <QScrollArea>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
@@ -24,6 +27,7 @@
 #include <QelMfc0/dialogs/MeasureBrgDistDlg.h>
 #include <QelMfc0/dialogs/MeasureDlg.h>
 #include <QelMfc0/dialogs/MeasureRelativeDlg.h>
+#include <QelSubscriber/SubscriptionManager.h>
 
 namespace {
 const ColorConverter::mode kModes[] = { ColorConverter::normal, ColorConverter::night, ColorConverter::twilight,
@@ -56,7 +60,8 @@ GalleryWindow::GalleryWindow(QWidget* parent)
     auto* central = new QWidget(this);
     auto* layout = new QHBoxLayout(central);
     m_pageList = new QListWidget(central);
-    m_pageList->setFixedWidth(170);
+    m_pageList->setObjectName(QStringLiteral("pageList"));
+    m_pageList->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
     m_pages = new QStackedWidget(central);
     layout->addWidget(m_pageList);
     layout->addWidget(m_pages, 1);
@@ -67,15 +72,31 @@ GalleryWindow::GalleryWindow(QWidget* parent)
     connect(m_projectMenu, &QMenu::aboutToShow, this, &GalleryWindow::FillProjectMenu);
     FillProjectMenu();
     QMenu* pagesMenu = menuBar()->addMenu(tr("&Pages"));
+    auto* pageGroup = new QActionGroup(this);
     for (const GalleryPage& page : GalleryPages()) {
+        const int index = m_pages->count();
         m_pageList->addItem(page.title);
-        m_pages->addWidget(page.create(m_pages));
+        // Each page scrolls when the window is smaller than the page would like to be.
+        auto* scroller = new QScrollArea(m_pages);
+        scroller->setWidgetResizable(true);
+        scroller->setFrameShape(QFrame::NoFrame);
+        scroller->setWidget(page.create(scroller));
+        m_pages->addWidget(scroller);
         m_slugs << page.slug;
-        const int index = m_pages->count() - 1;
-        pagesMenu->addAction(page.title, this, [this, index] { ShowPage(index); });
+        QAction* action = pagesMenu->addAction(page.title, this, [this, index] { ShowPage(index); });
+        action->setCheckable(true);
+        action->setActionGroup(pageGroup);
+        if (index < 9)
+            action->setShortcut(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + index)));
+        m_pageActions << action;
     }
-    connect(m_pageList, &QListWidget::currentRowChanged, m_pages, &QStackedWidget::setCurrentIndex);
+    connect(m_pageList, &QListWidget::currentRowChanged, this, [this](int row) {
+        m_pages->setCurrentIndex(row);
+        if (row >= 0 && row < m_pageActions.size())
+            m_pageActions[row]->setChecked(true);
+    });
     m_pageList->setCurrentRow(0);
+    FitPageList();
 
     // The colour mode of the whole application.
     QToolBar* toolBar = addToolBar(tr("Display"));
@@ -83,13 +104,21 @@ GalleryWindow::GalleryWindow(QWidget* parent)
     toolBar->addWidget(new QLabel(tr(" Colour mode: "), toolBar));
     m_modeSelector = new QComboBox(toolBar);
     QMenu* modeMenu = m_fileMenu->addMenu(tr("Colour &mode"));
+    auto* modeGroup = new QActionGroup(this);
     for (ColorConverter::mode mode : kModes) {
         m_modeSelector->addItem(ColorControl::GetColorModeString(mode), int(mode));
-        modeMenu->addAction(ColorControl::GetColorModeString(mode), this, [this, mode] { SetColourMode(mode); });
+        QAction* action = modeMenu->addAction(ColorControl::GetColorModeString(mode), this, [this, mode] { SetColourMode(mode); });
+        action->setCheckable(true);
+        action->setActionGroup(modeGroup);
+        action->setData(int(mode));
+        m_modeActions << action;
     }
     toolBar->addWidget(m_modeSelector);
     connect(m_modeSelector, &QComboBox::activated, this,
             [this](int index) { SetColourMode(ColorConverter::mode(m_modeSelector->itemData(index).toInt())); });
+    ShowColourMode();
+    // The mode may also change elsewhere (a pending theme switch completing): follow it.
+    SubscriptionManager::Instance().Subscribe(GeneralSubKeys::COLOR_CONTROL, [this](int, const QString&) { ShowColourMode(); }, this);
     m_fileMenu->addSeparator();
     m_fileMenu->addAction(tr("&Quit"), QKeySequence::Quit, qApp, &QApplication::quit);
 
@@ -101,10 +130,40 @@ GalleryWindow::GalleryWindow(QWidget* parent)
     connect(themeTimer, &QTimer::timeout, this, [] { ColorControl::Instance().TimerCheck(); });
     themeTimer->start(1000);
 
+    // The project stays in the status bar's permanent part, where menu hints do not replace it.
+    m_projectLabel = new QLabel(statusBar());
+    m_projectLabel->setObjectName(QStringLiteral("projectLabel"));
+    m_projectLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    statusBar()->addPermanentWidget(m_projectLabel, 1);
     ShowProjectInStatusBar();
     ProjectFollower::Follow(this, nullptr, [this] { ShowProjectInStatusBar(); });
     resize(1180, 800);
 }
+
+void GalleryWindow::FitPageList()
+{
+    // Wide enough for the longest title in the current font, with the frame and a margin.
+    m_pageList->setFixedWidth(m_pageList->sizeHintForColumn(0) + 2 * m_pageList->frameWidth() + 12);
+}
+
+void GalleryWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        FitPageList();
+}
+
+void GalleryWindow::ShowColourMode()
+{
+    const int mode = int(ColorControl::Instance().GetLightMode());
+    const int index = m_modeSelector->findData(mode);
+    if (index >= 0)
+        m_modeSelector->setCurrentIndex(index);
+    for (QAction* action : std::as_const(m_modeActions))
+        action->setChecked(action->data().toInt() == mode);
+}
+
+int GalleryWindow::CurrentPage() const { return m_pages->currentIndex(); }
 
 void GalleryWindow::FillProjectMenu()
 {
@@ -136,7 +195,9 @@ bool GalleryWindow::OpenProject(const QString& name)
 void GalleryWindow::ShowProjectInStatusBar()
 {
     const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition();
-    statusBar()->showMessage(project ? tr("Project: %1").arg(project->GetProjectFolder()) : tr("No project open"));
+    const QString text = project ? tr("Project: %1").arg(QDir::toNativeSeparators(project->GetProjectFolder())) : tr("No project open");
+    m_projectLabel->setText(text);
+    m_projectLabel->setToolTip(text);
 }
 
 GalleryWindow::~GalleryWindow()
@@ -156,9 +217,7 @@ QString GalleryWindow::PageSlug(int index) const { return m_slugs.value(index); 
 void GalleryWindow::SetColourMode(ColorConverter::mode mode)
 {
     ColorControl::Instance().SetLightMode(mode, true);
-    const int index = m_modeSelector->findData(int(ColorControl::Instance().GetLightMode()));
-    if (index >= 0)
-        m_modeSelector->setCurrentIndex(index);
+    ShowColourMode();
 }
 
 bool GalleryWindow::WriteScreenshots(const QString& folder)
@@ -176,7 +235,7 @@ bool GalleryWindow::WriteScreenshots(const QString& folder)
             Settle();
             const QString file = QStringLiteral("%1-%2-%3.png").arg(i + 1, 2, 10, QLatin1Char('0')).arg(PageSlug(i), modeName);
             ok = grab().save(dir.filePath(file)) && ok;
-            if (auto* entry = qobject_cast<EntryPage*>(m_pages->widget(i)))
+            if (auto* entry = m_pages->widget(i)->findChild<EntryPage*>())
                 ok = WriteMeasureDialogs(entry, dir, QStringLiteral("%1-%2").arg(i + 1, 2, 10, QLatin1Char('0')).arg(PageSlug(i)), modeName) && ok;
         }
         if (mode == ColorConverter::night)

@@ -7,7 +7,9 @@
 #include <QelMfc0/colour/ColorConverter.h>
 
 class EntryPage;
+class QAction;
 class QComboBox;
+class QLabel;
 class QDir;
 class QListWidget;
 class QStackedWidget;
@@ -18,9 +20,10 @@ public:
     explicit GalleryWindow(QWidget* parent = nullptr);
     ~GalleryWindow() override;
 
-    // Number of pages and switching between them.
+    // Number of pages and switching between them (also Ctrl+1 .. Ctrl+9 and the Pages menu).
     int PageCount() const;
     void ShowPage(int index);
+    int CurrentPage() const;
     // The slug (file name stem) of page `index`.
     QString PageSlug(int index) const;
     // Switches the application's colour mode, as the tool bar's selector does.
@@ -32,8 +35,14 @@ public:
     // Opens `name` from the projects folder, as the Project menu does; false when it cannot.
     bool OpenProject(const QString& name);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     void FillProjectMenu();
+    void FitPageList();
+    // The current colour mode in the tool bar's selector and as the checked menu entry.
+    void ShowColourMode();
     void ShowProjectInStatusBar();
     bool WriteNightPopups(const QString& folder);
     bool WriteMeasureDialogs(EntryPage* page, const QDir& dir, const QString& stem, const QString& modeName);
@@ -43,5 +52,8 @@ private:
     QComboBox* m_modeSelector = nullptr;
     QMenu* m_fileMenu = nullptr;
     QMenu* m_projectMenu = nullptr;
+    QLabel* m_projectLabel = nullptr;
+    QList<QAction*> m_pageActions;
+    QList<QAction*> m_modeActions;
     QStringList m_slugs;
 };

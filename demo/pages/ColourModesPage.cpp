@@ -6,6 +6,7 @@
 #include <QelMfc0/colour/ColorControl.h>
 #include <QelMfc0/colour/ColorMapper.h>
 #include <QelSubscriber/SubscriptionManager.h>
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <vector>
@@ -58,6 +59,12 @@ ColourModesPage::ColourModesPage(QWidget* parent)
 {
     // Mode colours are asked for at paint time; a mode change only has to repaint.
     SubscriptionManager::Instance().Subscribe(GeneralSubKeys::COLOR_CONTROL, [this](int, const QString&) { update(); }, this);
+}
+
+QSize ColourModesPage::minimumSizeHint() const
+{
+    // The swatch rows, the pictures and a system-colour table of a few columns.
+    return { 110 + int(std::size(kSwatches)) * 62 + 16, 72 + 4 * 30 + 30 + 230 + 10 + 10 * 24 };
 }
 
 void ColourModesPage::paintEvent(QPaintEvent*)
@@ -132,9 +139,15 @@ void ColourModesPage::paintEvent(QPaintEvent*)
     const int tableTop = pictureTop + 230;
     p.drawText(QPoint(16, tableTop), fileColors.IsEmpty() ? tr("System colours: the user's own (the mode's file sets none)")
                                                           : tr("System colours of the mode:"));
+    // As many columns as fit, each as wide as the longest name.
+    int nameWidth = 0;
+    for (const auto& [name, entry] : fileColors.Entries())
+        nameWidth = std::max(nameWidth, p.fontMetrics().horizontalAdvance(name));
+    const int column = 18 + 6 + nameWidth + 16;
+    const int columns = std::max(1, (width() - 32) / column);
     int i = 0;
     for (const auto& [name, entry] : fileColors.Entries()) {
-        const QRect cell(16 + (i % 7) * 140, tableTop + 10 + (i / 7) * 24, 18, 18);
+        const QRect cell(16 + (i % columns) * column, tableTop + 10 + (i / columns) * 24, 18, 18);
         p.fillRect(cell, toQColor(entry.second));
         p.drawRect(cell.adjusted(0, 0, -1, -1));
         p.drawText(cell.topRight() + QPoint(6, 14), name);

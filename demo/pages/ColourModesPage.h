@@ -9,6 +9,7 @@ class ColourModesPage : public QWidget {
     Q_OBJECT
 public:
     explicit ColourModesPage(QWidget* parent = nullptr);
+    QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -1,6 +1,7 @@
 #include "pages/EntryPage.h"
 
 #include "pages/PlanView.h"
+#include "ReadOnlyLook.h"
 
 #include <QFormLayout>
 #include <QGroupBox>
@@ -157,6 +158,7 @@ QWidget* EntryPage::BuildEntryControls()
             });
         }
     }
+    ReadOnlyLook::Follow(box);
     return box;
 }
 

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <QelBase/QelUnitCnv.h>
 #include <QelBase/UnitCategories.h>
@@ -17,6 +18,8 @@
 #include <QelMfc0/AppIdentifiers.h>
 #include <QelMfc0/QelMfc0.h>
 #include <QelMfc0/QelMfc0Functions.h>
+
+#include <algorithm>
 
 namespace {
 QString VersionText()
@@ -71,10 +74,25 @@ QGroupBox* ProjectBox(QWidget* parent)
     return box;
 }
 
+// A list at least as wide as its longest item, whatever the font of the moment.
+class NameListWidget : public QListWidget {
+public:
+    using QListWidget::QListWidget;
+    QSize minimumSizeHint() const override
+    {
+        QSize hint = QListWidget::minimumSizeHint();
+        const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+        hint.setWidth(std::max(hint.width(), sizeHintForColumn(0) + 2 * frameWidth() + scrollBar + 4));
+        return hint;
+    }
+    QSize sizeHint() const override { return QSize(minimumSizeHint().width(), QListWidget::sizeHint().height()); }
+};
+
 QListWidget* NameList(QWidget* parent, const QStringList& names)
 {
-    auto* list = new QListWidget(parent);
+    auto* list = new NameListWidget(parent);
     list->addItems(names);
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     return list;
 }
 } // namespace
@@ -162,8 +180,11 @@ LibraryPage::LibraryPage(QWidget* parent)
     (new QVBoxLayout(idBox))->addWidget(NameList(idBox, identifiers));
     auto* catBox = new QGroupBox(tr("Unit categories"), this);
     (new QVBoxLayout(catBox))->addWidget(NameList(catBox, categories));
-    grid->addWidget(idBox, 0, 2, 3, 1);
-    grid->addWidget(catBox, 0, 3, 3, 1);
+    // The two lists share a column, so that the page fits beside the page list.
+    auto* lists = new QVBoxLayout;
+    lists->addWidget(idBox, 1);
+    lists->addWidget(catBox, 1);
+    grid->addLayout(lists, 0, 2, 3, 1);
     grid->setColumnStretch(1, 1);
 }
 
