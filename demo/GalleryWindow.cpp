@@ -232,10 +232,13 @@ bool GalleryWindow::WriteScreenshots(const QString& folder)
         const QString modeName = ModeSlug(mode);
         for (int i = 0; i < PageCount(); ++i) {
             ShowPage(i);
+            auto* entry = m_pages->widget(i)->findChild<EntryPage*>();
+            if (entry)
+                PickTwoPoints(entry);
             Settle();
             const QString file = QStringLiteral("%1-%2-%3.png").arg(i + 1, 2, 10, QLatin1Char('0')).arg(PageSlug(i), modeName);
             ok = grab().save(dir.filePath(file)) && ok;
-            if (auto* entry = m_pages->widget(i)->findChild<EntryPage*>())
+            if (entry)
                 ok = WriteMeasureDialogs(entry, dir, QStringLiteral("%1-%2").arg(i + 1, 2, 10, QLatin1Char('0')).arg(PageSlug(i)), modeName) && ok;
         }
         if (mode == ColorConverter::night)
@@ -245,11 +248,16 @@ bool GalleryWindow::WriteScreenshots(const QString& folder)
     return ok;
 }
 
-bool GalleryWindow::WriteMeasureDialogs(EntryPage* page, const QDir& dir, const QString& stem, const QString& modeName)
+void GalleryWindow::PickTwoPoints(EntryPage* page)
 {
     // Two picked points 2.5 km apart on the plan, a little deeper at the second.
     page->Pick(Point(498200.0, 5759300.0, -8.4));
     page->Pick(Point(500400.0, 5760500.0, -14.9));
+}
+
+bool GalleryWindow::WriteMeasureDialogs(EntryPage* page, const QDir& dir, const QString& stem, const QString& modeName)
+{
+    PickTwoPoints(page);
     bool ok = true;
     const auto shoot = [&](QWidget* dialog, const char* name) {
         Settle();

@@ -45,6 +45,7 @@ private:
     void ShowColourMode();
     void ShowProjectInStatusBar();
     bool WriteNightPopups(const QString& folder);
+    static void PickTwoPoints(EntryPage* page);
     bool WriteMeasureDialogs(EntryPage* page, const QDir& dir, const QString& stem, const QString& modeName);
 
     QListWidget* m_pageList = nullptr;

@@ -1,6 +1,7 @@
 #include "pages/EntryPage.h"
 
 #include "pages/PlanView.h"
+#include "DialogPlacement.h"
 #include "ReadOnlyLook.h"
 
 #include <QFormLayout>
@@ -8,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <QelConfigure/DataSearch.h>
 #include <QelConfigure/ProjectDefinition.h>
@@ -43,6 +45,7 @@ EntryPage::EntryPage(QWidget* parent)
 
     auto* right = new QVBoxLayout;
     auto* planBox = new QGroupBox(tr("Survey area (click two points to measure)"), this);
+    m_planBox = planBox;
     auto* planLayout = new QVBoxLayout(planBox);
     m_plan = new PlanView(planBox);
     planLayout->addWidget(m_plan, 1);
@@ -50,9 +53,11 @@ EntryPage::EntryPage(QWidget* parent)
     planLayout->addWidget(m_status);
     right->addWidget(planBox, 1);
 
-    auto* buttons = new QHBoxLayout;
+    m_buttons = new QWidget(this);
+    auto* buttons = new QHBoxLayout(m_buttons);
+    buttons->setContentsMargins(0, 0, 0, 0);
     auto add = [&](const QString& text, auto slot) {
-        auto* button = new QPushButton(text, this);
+        auto* button = new QPushButton(text, m_buttons);
         connect(button, &QPushButton::clicked, this, slot);
         buttons->addWidget(button);
     };
@@ -60,7 +65,7 @@ EntryPage::EntryPage(QWidget* parent)
     add(tr("Measure 3-D..."), [this] { OpenMeasure(true); });
     add(tr("Line relative..."), [this] { OpenLineRelative(); });
     add(tr("Vessel bearing..."), [this] { OpenVesselBearing(); });
-    right->addLayout(buttons);
+    right->addWidget(m_buttons);
     layout->addLayout(right, 1);
 
     connect(m_plan, &PlanView::picked, this, &EntryPage::Pick);
@@ -168,17 +173,21 @@ CMeasureDlg* EntryPage::OpenMeasure(bool threeD)
     m_measure = new CMeasureDlg(this, &m_attributes, threeD);
     m_measure->SetPrsConfiguration(&m_sizes);
     m_measure->show();
+    PlaceDialog(m_measure);
     Feed();
     return m_measure;
 }
 
 MeasureRelativeDlg* EntryPage::OpenLineRelative()
 {
-    if (!m_relative) {
+    const bool opened = !m_relative;
+    if (opened) {
         m_relative = new MeasureRelativeDlg(this, &m_attributes);
         m_relative->SetPrsConfiguration(&m_sizes);
     }
     m_relative->show();
+    if (opened)
+        PlaceDialog(m_relative);
     m_relative->SetStartPos(ToProjectGrid(m_plan->RunLineStart()));
     m_relative->SetEndPos(ToProjectGrid(m_plan->RunLineEnd()));
     m_relative->SetCurrentPos(ToProjectGrid(m_plan->VesselPosition()));
@@ -187,15 +196,46 @@ MeasureRelativeDlg* EntryPage::OpenLineRelative()
 
 CMeasureBrgDistDlg* EntryPage::OpenVesselBearing()
 {
-    if (!m_vessel) {
+    const bool opened = !m_vessel;
+    if (opened) {
         m_vessel = new CMeasureBrgDistDlg(this, &m_attributes);
         m_vessel->SetPrsConfiguration(&m_sizes);
     }
     m_vessel->show();
+    if (opened)
+        PlaceDialog(m_vessel);
     m_vessel->SetFromPos(ToProjectGrid(m_plan->VesselPosition()));
     if (m_pickCount > 0)
         m_vessel->SetToPos(ToProjectGrid(m_picks[m_pickCount - 1]));
     return m_vessel;
+}
+
+void EntryPage::SetPlacementArea(const QRect& area)
+{
+    m_placementArea = area;
+}
+
+void EntryPage::PlaceDialog(QWidget* dialog)
+{
+    // The library opens each dialog at this page's top-left corner, where they would cover one
+    // another and the entry controls. Move it beside the main window, clear of the plan and the
+    // buttons that feed it and of the other measuring dialogs.
+    const auto global = [](const QWidget* w) { return QRect(w->mapToGlobal(QPoint(0, 0)), w->size()); };
+    // The frame's decoration, which a window manager may not have reported yet.
+    const auto frame = [](const QWidget* w) {
+        const QRect f = w->frameGeometry();
+        return f.size() == w->size() ? w->geometry().adjusted(-4, -30, 4, 4) : f;
+    };
+    QList<QRect> keepClear = { global(m_planBox), global(m_buttons) };
+    for (const QWidget* other : { static_cast<QWidget*>(m_measure), static_cast<QWidget*>(m_relative), static_cast<QWidget*>(m_vessel) })
+        if (other && other != dialog && other->isVisible())
+            keepClear << frame(other);
+    QRect area = m_placementArea;
+    if (!area.isValid() && window()->screen())
+        area = window()->screen()->availableGeometry();
+    const QRect outer = frame(dialog);
+    const QPoint at = DialogPlacement::FreeSpot(outer.size(), frame(window()), keepClear, area);
+    dialog->move(at); // a window's position is that of its frame
 }
 
 void EntryPage::Pick(const Point& position)
@@ -209,7 +249,7 @@ void EntryPage::Pick(const Point& position)
     }
     m_plan->SetPicks(m_picks[0], m_picks[1], m_pickCount);
     m_status->setText(m_pickCount == 1 ? tr("From: E %1  N %2  (click the second point)").arg(position.x, 0, 'f', 1).arg(position.y, 0, 'f', 1)
-                                       : tr("To: E %1  N %2").arg(position.x, 0, 'f', 1).arg(position.y, 0, 'f', 1));
+                                       : tr("To: E %1  N %2   (%3)").arg(position.x, 0, 'f', 1).arg(position.y, 0, 'f', 1).arg(m_plan->MeasuredText()));
     Feed();
     if (m_vessel)
         m_vessel->SetToPos(ToProjectGrid(position));

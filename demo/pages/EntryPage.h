@@ -9,6 +9,7 @@
 #include <QelBase/FileObject.h>
 #include <QelBase/Point.h>
 #include <QPointer>
+#include <QRect>
 
 #include <memory>
 
@@ -34,14 +35,22 @@ public:
     void Pick(const Point& position);
     // A chart position in the open project's grid (unchanged without a coordinate system).
     Point ToProjectGrid(const Point& chart) const;
+    // The area measuring dialogs are placed in when they open; by default the available area
+    // of the screen the page is on.
+    void SetPlacementArea(const QRect& area);
 
 private:
     QWidget* BuildEntryControls();
     void Feed();
+    // Moves a dialog that has just opened clear of the plan, the buttons and the other dialogs.
+    void PlaceDialog(QWidget* dialog);
     void OpenSizes();
     void SaveSizes();
 
     PlanView* m_plan = nullptr;
+    QWidget* m_planBox = nullptr;
+    QWidget* m_buttons = nullptr;
+    QRect m_placementArea;
     QLabel* m_status = nullptr;
     CAttributeMap m_attributes;     // the host's remembered choices
     FileObject m_sizes;             // the host's window sizes, kept in the open project's folder
