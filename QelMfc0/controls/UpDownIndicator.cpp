@@ -352,6 +352,9 @@ void UpDownIndicator::DrawVertical(QPainter* painter, const Box& r, int m, const
         const int ty = metrics.height();
         const int w = std::min(tx, L - r.left);
         const QRect box = BoxRect(L - w - 2, yRef - ty / 2, L, yRef + ty / 2);
+        // The label's background colour stays the text background, as a device context keeps
+        // the colour it was given: in a painter in opaque mode the value text gets it too.
+        painter->setBackground(toQColor(Mode(m_labelBackgroundColor)));
         DrawTextAt(painter, box.left() + 2, yRef + ty / 2, text, box, true,
                    Mode(m_labelBackgroundColor));
     }
@@ -446,6 +449,7 @@ void UpDownIndicator::DrawHorizontal(QPainter* painter, const Box& r, int m,
         const int ty = metrics.height();
         const int h = std::min(ty, B - r.top);
         const QRect box = BoxRect(xRef - tx / 2 - 2, B - h, xRef + tx / 2, B);
+        painter->setBackground(toQColor(Mode(m_labelBackgroundColor)));
         DrawTextAt(painter, box.left() + 2, B, text, box, true, Mode(m_labelBackgroundColor));
     }
 
@@ -484,9 +488,11 @@ void UpDownIndicator::DrawMarkerLines(QPainter* painter, const QPoint& a1, const
                                       const QPoint& b1, const QPoint& b2) const
 {
     // Three pixels wide, 21 on and 15 off; flat ends keep the dashes at exactly that length.
+    // A geometric pen: its gaps stay open whatever the painter's background mode.
     QPen pen(QBrush(toQColor(Mode(m_textColor))), 3, Qt::CustomDashLine, Qt::FlatCap);
     pen.setDashPattern({ 7.0, 5.0 });
     painter->save();
+    painter->setBackgroundMode(Qt::TransparentMode);
     painter->setPen(pen);
     GdiLine(painter, a1, a2);
     GdiLine(painter, b1, b2);

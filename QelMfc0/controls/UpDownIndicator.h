@@ -12,6 +12,12 @@
 // right). The pane, text, background and label colours go through the current colour mode
 // at paint time; the three band colours are drawn as they are.
 //
+// Texts are drawn in the painter's background mode, as a device context draws them in its own.
+// A host painter in Qt::OpaqueMode (a device context's default) gives the value text a cell in
+// its background colour, which after a reference label is that label's background colour: the
+// marker lines then pass under the value instead of through it. The marker lines' gaps stay
+// open in either mode.
+//
 // Rectangles are taken as half-open: a QRect(0, 0, 300, h) covers x 0..299, and its right
 // edge is x = 300 in the gauge's arithmetic.
 //

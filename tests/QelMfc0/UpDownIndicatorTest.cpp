@@ -123,6 +123,43 @@ TEST_F(UpDownIndicatorTest, BarStretchesFollowTheBand)
     }
 }
 
+TEST_F(UpDownIndicatorTest, ValueTextKeepsItsCellOverAMarkerLineInAnOpaquePainter)
+{
+    // Over -10..10 on 200 px the value 4 and the max marker lie on row 60. The host's painter
+    // is opaque with a white background, as a device context starts out.
+    constexpr COLORREF kHostBackground = RGB(255, 255, 255);
+    for (const bool opaque : { false, true }) {
+        UpDownIndicator gauge;
+        CAttributeMap map;
+        map.SetAttribValue(UpDownIndicator::ATTR_SHOWMINMAXMARKER, 2);
+        gauge.LoadAttributes(map);
+        gauge.SetMinMaxMarker(-2.0, 4.0);
+        gauge.SetRefValue(-5.0);
+        gauge.SetDeltaValue(4.0);
+        QImage image(200, 200, QImage::Format_ARGB32);
+        image.fill(toQColor(kOutside));
+        {
+            QPainter painter(&image);
+            painter.setBackgroundMode(opaque ? Qt::OpaqueMode : Qt::TransparentMode);
+            painter.setBackground(toQColor(kHostBackground));
+            gauge.Draw(&painter, image.rect());
+            EXPECT_EQ(painter.backgroundMode(), opaque ? Qt::OpaqueMode : Qt::TransparentMode);
+        }
+        const int strip = NameStripEdge(image, false);
+        // Under the value's text (the right end of the pointer box) on the marker line's rows:
+        // the label background of the text's cell, only when the painter is opaque.
+        const QRect underText(strip - 24, 59, 22, 3);
+        if (opaque)
+            EXPECT_GT(Count(image, kLabel, underText), 10);
+        else
+            EXPECT_EQ(Count(image, kLabel, underText), 0);
+        // The line's gaps left of the pointer stay open: the bar shows through, never a background.
+        const QRect line(1, 59, 60, 3);
+        EXPECT_EQ(Count(image, kHostBackground, line) + Count(image, kLabel, line), 0) << opaque;
+        EXPECT_GT(Count(image, kInside, line) + Count(image, kPane, line), 15) << opaque;
+    }
+}
+
 TEST_F(UpDownIndicatorTest, PointerBoxStaysInTheStripWhileTheTipMarksTheValue)
 {
     // Strip y 50..349 over -10..10: 9.9 lies at y 51, so the box is held at 60 ± 10.
