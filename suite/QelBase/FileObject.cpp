@@ -8,6 +8,7 @@
 #include <QLocale>
 #include <QRegularExpression>
 #include <QSaveFile>
+#include <QStringDecoder>
 
 #include <cmath>
 
@@ -25,6 +26,16 @@ QString oneLine(const QString& text)
 bool sameName(const QString& a, const QString& b)
 {
     return a.compare(b, Qt::CaseInsensitive) == 0;
+}
+
+// The text without the blanks and byte-order marks (U+FEFF) that lead it. Marks are blanks at
+// the start of a line: editors leave them there, and one at the start of the file is dropped
+// on reading, so they must not change what a line means.
+QStringView withoutLead(QStringView text)
+{
+    while (!text.isEmpty() && (text.front().isSpace() || text.front() == QChar(0xFEFF)))
+        text = text.sliced(1);
+    return text;
 }
 
 bool parseBool(QStringView text, bool& out)
@@ -85,7 +96,9 @@ bool FileObject::FileOpen(const QString& path, int flags)
     const qsizetype nl = bytes.indexOf('\n');
     const qsizetype cr = bytes.indexOf('\r');
     m_crlf = cr >= 0 && nl == cr + 1;
-    parse(QString::fromUtf8(bytes));
+    // Only the one mark taken off above is the file's; QString::fromUtf8 would drop another.
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    parse(utf8(bytes));
     m_path = path;
     return true;
 }
@@ -170,7 +183,7 @@ void FileObject::parse(const QString& text)
     for (const QString& row : std::as_const(rows)) {
         Line line;
         line.raw = row;
-        const QString trimmed = row.trimmed();
+        const QString trimmed = withoutLead(row).trimmed().toString();
         if (trimmed.isEmpty()) {
             line.kind = LineKind::Blank;
         } else if (trimmed.startsWith(QLatin1Char(';')) || trimmed.startsWith(QLatin1Char('#'))) {
@@ -180,7 +193,7 @@ void FileObject::parse(const QString& text)
             section = ensureSection(trimmed.mid(1, trimmed.size() - 2).trimmed());
         } else {
             const qsizetype eq = row.indexOf(QLatin1Char('='));
-            const QString key = eq < 0 ? QString() : row.left(eq).trimmed();
+            const QString key = eq < 0 ? QString() : withoutLead(QStringView(row).left(eq)).trimmed().toString();
             if (key.isEmpty()) {
                 line.kind = LineKind::Malformed;
                 ++m_malformed;
@@ -417,7 +430,7 @@ bool FileObject::validKey(const QString& key)
     return !name.isEmpty() && !name.contains(QLatin1Char('=')) && !name.contains(QLatin1Char('\n'))
         && !name.contains(QLatin1Char('\r')) && !name.startsWith(QLatin1Char('['))
         && !name.startsWith(QLatin1Char(';')) && !name.startsWith(QLatin1Char('#'))
-        && !name.startsWith(QChar(0xFEFF)); // at the start of the file it would read as a BOM
+        && !name.startsWith(QChar(0xFEFF)); // a mark leading a line reads as a blank
 }
 
 QString FileObject::entryText(const QString& key, const QString& value)

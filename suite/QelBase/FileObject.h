@@ -9,6 +9,7 @@
 //   ; text  or  # text a comment
 // Entries before the first header belong to the unnamed section "". Section and key lookups
 // are case-insensitive; names are kept as written. Other lines are kept but skipped by reads.
+// Byte-order marks (U+FEFF) at the start of a line count as blanks.
 
 #include <QList>
 #include <QPair>

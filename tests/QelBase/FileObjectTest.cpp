@@ -289,3 +289,29 @@ TEST(FileObject, AKeyWrittenFirstReadsBackEvenWhenItStartsLikeAByteOrderMark)
     for (const char* section : {"", "S"})
         EXPECT_EQ(back.GetEntries(section), fo.GetEntries(section)) << fo.ToText().toStdString();
 }
+
+TEST(FileObject, ByteOrderMarksLeadingALineAreBlanks)
+{
+    // A file starting with three marks read its first line as junk, but as a comment once a
+    // save had dropped a mark: the file changed meaning when written back.
+    QTemporaryDir dir;
+    const QString path = dir.filePath("marks.ini");
+    const QByteArray bytes = "\xEF\xBB\xBF\xEF\xBB\xBF\xEF\xBB\xBF; comment\r\ntop = value\r\n"
+                             "\xEF\xBB\xBF[S]\r\n \xEF\xBB\xBFk = v\r\n";
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    file.close();
+
+    FileObject fo;
+    ASSERT_TRUE(fo.FileOpen(path));
+    const QList<QPair<QString, QString>> top{{"top", "value"}}, s{{"k", "v"}};
+    FileObject loaded, saved;
+    loaded.LoadFromText(fo.ToText());
+    ASSERT_TRUE(fo.FileSave() && saved.FileOpen(path));
+    for (const FileObject* read : {&fo, &loaded, &saved}) {
+        EXPECT_EQ(read->MalformedLineCount(), 0);
+        EXPECT_EQ(read->GetEntries(""), top);
+        EXPECT_EQ(read->GetEntries("S"), s);
+    }
+    EXPECT_EQ(readAll(path), bytes) << "written back as read";
+}
