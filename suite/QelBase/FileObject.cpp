@@ -164,10 +164,7 @@ bool FileObject::LoadFromText(const QString& text)
     m_sections = QStringList{QString()};
     m_iteration.clear();
     m_iterationPos = 0;
-    QString body = text;
-    if (body.startsWith(QChar(0xFEFF)))
-        body.remove(0, 1);
-    parse(body);
+    parse(text); // a leading U+FEFF stays in the text, where it counts as a blank
     m_modified = false;
     return true;
 }

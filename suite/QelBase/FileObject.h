@@ -40,7 +40,8 @@ public:
     // True when the contents changed since the last open, load or save.
     bool IsModified() const;
 
-    // Replaces the contents with `text` (file syntax, without a BOM); always takes the text.
+    // Replaces the contents with `text` (file syntax); always takes the text. ToText gives it
+    // back unchanged.
     bool LoadFromText(const QString& text);
     // The contents in file syntax, one line per entry, '\n' line ends.
     QString ToText() const;

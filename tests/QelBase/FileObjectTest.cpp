@@ -314,4 +314,5 @@ TEST(FileObject, ByteOrderMarksLeadingALineAreBlanks)
         EXPECT_EQ(read->GetEntries("S"), s);
     }
     EXPECT_EQ(readAll(path), bytes) << "written back as read";
+    EXPECT_EQ(loaded.ToText(), fo.ToText());
 }
