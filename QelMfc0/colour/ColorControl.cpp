@@ -149,8 +149,16 @@ void ColorControl::SetLightMode(ColorConverter::mode mode, bool changeWindowsThe
     LoadColormapFile(m_modeFileNames[size_t(mode >= 0 && mode < 5 ? mode : ColorConverter::unknown)]);
     if (changeWindowsTheme) {
         // The style's icons are converted with the colours of this mode, whatever happens later.
+        // They are full-colour pictures of the platform, not the library's images whose byte
+        // order the colour maps are written for: each pixel is converted as the colour it shows
+        // (red as red), so that a yellow warning sign stays yellow and black turns to the mode's
+        // text colour.
         auto snapshot = std::make_shared<const ColorControl>(*this);
-        ApplicationPalette::Apply(m_colorMap.GetFileColors(), [snapshot](QImage& image) { snapshot->RemapBitmap(image); });
+        ApplicationPalette::Apply(m_colorMap.GetFileColors(), [snapshot](QImage& image) {
+            image = image.convertToFormat(QImage::Format_ARGB32).rgbSwapped();
+            snapshot->RemapBitmap(image);
+            image = image.rgbSwapped();
+        });
     }
     if (theme.pendingChecks == 0)
         AnnounceModeChange();

@@ -12,7 +12,7 @@ class ModeStyle : public QProxyStyle
 public:
     using ImageFilter = std::function<void(QImage&)>;
 
-    // Fusion with every standard icon and pixmap passed through `filter`.
+    // Fusion with every standard icon and pixmap passed through `filter`, each pixel once.
     explicit ModeStyle(ImageFilter filter);
 
     QIcon standardIcon(StandardPixmap icon, const QStyleOption* option = nullptr,
@@ -24,4 +24,5 @@ private:
     QPixmap Filtered(const QPixmap& pixmap) const;
 
     ImageFilter m_filter;
+    mutable int m_makingIcon = 0; // inside standardIcon (UI thread only)
 };

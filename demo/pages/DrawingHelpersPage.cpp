@@ -9,6 +9,7 @@
 #include <QelMfc0/PECFont.h>
 #include <QelMfc0/QelBrush.h>
 #include <QelMfc0/QelPen.h>
+#include <QelSubscriber/SubscriptionManager.h>
 
 #include <QPainter>
 #include <QStringList>
@@ -19,6 +20,32 @@ namespace {
 
 constexpr int kMargin = 16;
 constexpr int kCardWidth = 720;
+
+// Day colours of the card; each is drawn in the colour mode's counterpart at paint time.
+constexpr COLORREF kPaper = RGB(255, 255, 255);
+constexpr COLORREF kInk = RGB(0, 0, 0);
+constexpr COLORREF kRule = RGB(128, 128, 128);
+constexpr COLORREF kSampleInk = RGB(255, 0, 0);
+
+QColor Mode(COLORREF color)
+{
+    return toQColor(ColorControl::Instance().GetColor(color, false));
+}
+
+// Every pixel of an image drawn in day colours, converted as the colour it shows.
+void ToMode(QImage& image)
+{
+    const ColorControl& colors = ColorControl::Instance();
+    for (int y = 0; y < image.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(line[x]) == 0)
+                continue;
+            const QColor shown = toQColor(colors.GetColor(toColorref(QColor::fromRgb(line[x])), false));
+            line[x] = qRgba(shown.red(), shown.green(), shown.blue(), qAlpha(line[x]));
+        }
+    }
+}
 
 const char* const kBrushNames[] = {"hollow",        "solid",      "diagonal /", "diagonal \\",
                                    "diagonal cross", "horizontal", "vertical",   "cross"};
@@ -47,8 +74,13 @@ QString patternText(const QVector<qreal>& pattern)
 DrawingHelpersPage::DrawingHelpersPage(QWidget* parent)
     : QWidget(parent)
 {
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::Base);
+    // Mode colours are asked for at paint time; a mode change only has to repaint.
+    SubscriptionManager::Instance().Subscribe(GeneralSubKeys::COLOR_CONTROL, [this](int, const QString&) { update(); }, this);
+}
+
+QSize DrawingHelpersPage::minimumSizeHint() const
+{
+    return sizeHint();
 }
 
 QSize DrawingHelpersPage::sizeHint() const
@@ -60,7 +92,8 @@ QSize DrawingHelpersPage::sizeHint() const
 void DrawingHelpersPage::paintEvent(QPaintEvent*)
 {
     QPainter p(this);
-    GDISelector pen(&p, QPen(palette().color(QPalette::Text)));
+    p.fillRect(rect(), Mode(kPaper));
+    GDISelector pen(&p, QPen(Mode(kInk)));
     int y = kMargin;
     {
         GDISelector title(&p, labelFont(this, 14, true));
@@ -89,7 +122,7 @@ int DrawingHelpersPage::PaintHeading(QPainter& p, int top, const QString& text)
     const QFontMetrics fm = p.fontMetrics();
     const int base = top + fm.ascent();
     p.drawText(kMargin, base, text);
-    GDISelector rule(&p, QPen(palette().color(QPalette::Mid), 0));
+    GDISelector rule(&p, QPen(Mode(kRule), 0));
     p.drawLine(kMargin, top + fm.height() + 2, kMargin + kCardWidth, top + fm.height() + 2);
     return top + fm.height() + 8;
 }
@@ -97,7 +130,7 @@ int DrawingHelpersPage::PaintHeading(QPainter& p, int top, const QString& text)
 int DrawingHelpersPage::PaintBrushes(QPainter& p, int top)
 {
     top = PaintHeading(p, top, tr("QelBrush::CreateQelBrush(style, colour)"));
-    const COLORREF ink = toColorref(palette().color(QPalette::Highlight));
+    const COLORREF ink = ColorControl::Instance().GetColor(kInk, false);
     const int cell = kCardWidth / 8;
     const QSize swatch(cell - 16, 44);
     GDISelector font(&p, labelFont(this, 8));
@@ -108,7 +141,7 @@ int DrawingHelpersPage::PaintBrushes(QPainter& p, int top)
         brush.CreateQelBrush(style, int(ink));
         {
             GDISelector fill(&p, brush);
-            GDISelector outline(&p, QPen(palette().color(QPalette::Text), 0));
+            GDISelector outline(&p, QPen(Mode(kInk), 0));
             p.drawRect(r.adjusted(0, 0, -1, -1));
         }
         const QRect label(r.left() - 4, r.bottom() + 4, cell - 8, fm.height());
@@ -121,8 +154,7 @@ int DrawingHelpersPage::PaintBrushes(QPainter& p, int top)
 int DrawingHelpersPage::PaintPens(QPainter& p, int top)
 {
     top = PaintHeading(p, top, tr("QelPen::CreateQelPen(style, width, colour, device)"));
-    const QColor text = palette().color(QPalette::Text);
-    const COLORREF ink = toColorref(text);
+    const COLORREF ink = ColorControl::Instance().GetColor(kInk, false);
     const int widths[] = {1, 2, 4};
     const int labelWidth = 110;
     const int column = (kCardWidth - labelWidth) / 3;
@@ -145,7 +177,7 @@ int DrawingHelpersPage::PaintPens(QPainter& p, int top)
                 GDISelector line(&p, pen);
                 p.drawLine(QPointF(x0, mid - 4), QPointF(x0 + column - 24, mid - 4));
             }
-            GDISelector small(&p, QPen(palette().color(QPalette::PlaceholderText)));
+            GDISelector small(&p, QPen(Mode(kInk)));
             p.drawText(x0, mid + fm.height() - 2,
                        tr("%1 px: %2").arg(pen.width()).arg(patternText(pen.PixelDashPattern())));
         }
@@ -199,7 +231,7 @@ int DrawingHelpersPage::PaintFontInfo(QPainter& p, int top)
     attributes.SetAttribValue(ATTR_FONTNAME, QStringLiteral("Courier New"));
     attributes.SetAttribValue(ATTR_FONTSIZE, 13);
     attributes.SetAttribValue(ATTR_FONTBOLD, true);
-    attributes.SetAttribColor(ATTR_TEXTCOLOR, RGB(0, 90, 170));
+    attributes.SetAttribColor(ATTR_TEXTCOLOR, kSampleInk);
     FontInfo info;
     info.SetItalic(true);
     info.LoadAttributes(attributes);
@@ -238,9 +270,9 @@ int DrawingHelpersPage::PaintStockObjects(QPainter& p, int top)
     for (int i = 0; i < 6; ++i) {
         const QRect r(kMargin + i * cell, top, cell - 16, 28);
         {
-            // Stock objects have fixed colours: the swatch is drawn as an image and converted
-            // for the colour mode like every image a control shows.
-            QImage swatch(r.size(), QImage::Format_ARGB32_Premultiplied);
+            // Stock objects have fixed day colours: the swatch is drawn with them, then every
+            // pixel is converted for the colour mode as the colour it shows.
+            QImage swatch(r.size(), QImage::Format_ARGB32);
             swatch.fill(Qt::transparent);
             {
                 QPainter sp(&swatch);
@@ -248,7 +280,7 @@ int DrawingHelpersPage::PaintStockObjects(QPainter& p, int top)
                 GDISelector outline(&sp, StockObject::BLACK_PEN);
                 sp.drawRect(swatch.rect().adjusted(0, 0, -1, -1));
             }
-            ColorControl::Instance().RemapBitmap(swatch);
+            ToMode(swatch);
             p.drawImage(r.topLeft(), swatch);
         }
         p.drawText(QRect(r.left(), r.bottom() + 4, cell - 8, fm.height()), Qt::AlignLeft,

@@ -15,6 +15,7 @@ public:
 
     // Room for the whole card at the current display scale.
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 protected:
     // Paints the card.

@@ -247,17 +247,23 @@ void PlanView::PaintGrid(QPainter& p, const QRectF& chart) const
 void PlanView::PaintMeasurement(QPainter& p) const
 {
     // The picks as crosses, the measured line between them and its distance and bearing.
+    // Each drawn first wide in the paper colour, so that it stands out on any water.
     const QColor mark = Mode(kPick);
+    const QColor halo = Mode(kPaper);
     p.setBrush(Qt::NoBrush);
     if (m_pickCount >= 2) {
+        p.setPen(QPen(halo, 5, Qt::SolidLine, Qt::RoundCap));
+        p.drawLine(ToPixel(m_picks[0]), ToPixel(m_picks[1]));
         p.setPen(QPen(mark, 2, Qt::DashLine));
         p.drawLine(ToPixel(m_picks[0]), ToPixel(m_picks[1]));
     }
-    p.setPen(QPen(mark, 3, Qt::SolidLine, Qt::RoundCap));
-    for (int i = 0; i < m_pickCount && i < 2; ++i) {
-        const QPointF at = ToPixel(m_picks[i]);
-        p.drawLine(at - QPointF(7, 7), at + QPointF(7, 7));
-        p.drawLine(at - QPointF(7, -7), at + QPointF(7, -7));
+    for (const QPen& pen : { QPen(halo, 6, Qt::SolidLine, Qt::RoundCap), QPen(mark, 3, Qt::SolidLine, Qt::RoundCap) }) {
+        p.setPen(pen);
+        for (int i = 0; i < m_pickCount && i < 2; ++i) {
+            const QPointF at = ToPixel(m_picks[i]);
+            p.drawLine(at - QPointF(7, 7), at + QPointF(7, 7));
+            p.drawLine(at - QPointF(7, -7), at + QPointF(7, -7));
+        }
     }
     const QString text = MeasuredText();
     if (text.isEmpty())
