@@ -3,7 +3,9 @@
 #include "VesselSimulator.h"
 
 #include <QMouseEvent>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <QelSubscriber/SubscriptionManager.h>
 
 namespace {
@@ -15,7 +17,8 @@ const Point kLineEnd(502800.0, 5763600.0);
 HelmsmanPage::HelmsmanPage(QWidget* parent)
     : QWidget(parent)
 {
-    setMinimumSize(640, 240);
+    setMinimumSize(640, 420);
+    setMouseTracking(true);
     m_vessel = new VesselSimulator(kLineStart, kLineEnd, 10.0, this);
     connect(m_vessel, &VesselSimulator::updated, this, [this](const VesselState& state) {
         m_frame.Update(state);
@@ -32,6 +35,22 @@ void HelmsmanPage::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     m_frame.Paint(&painter, rect().adjusted(10, 10, -10, -10));
+}
+
+bool HelmsmanPage::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        auto* help = static_cast<QHelpEvent*>(event);
+        const QString tip = m_frame.ToolTipAt(help->pos());
+        if (tip.isEmpty()) {
+            QToolTip::hideText();
+            event->ignore();
+        } else {
+            QToolTip::showText(help->globalPos(), tip, this);
+        }
+        return true;
+    }
+    return QWidget::event(event);
 }
 
 void HelmsmanPage::mousePressEvent(QMouseEvent* event)

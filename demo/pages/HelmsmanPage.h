@@ -14,6 +14,8 @@ public:
     explicit HelmsmanPage(QWidget* parent = nullptr);
 
 protected:
+    // Tool tips name what the instruments show and what the reset buttons do.
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void showEvent(QShowEvent* event) override;

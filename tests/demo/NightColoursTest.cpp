@@ -131,7 +131,7 @@ TEST_F(NightColours, GalleryPagesAtNightHaveNothingBrightAndNoBlueForBlack)
     window.resize(1180, 800);
     window.show();
     window.SetColourMode(ColorConverter::night);
-    for (int page : { 0, 1, 3 }) { // not the colour-mode page, which shows the image byte order on purpose
+    for (int page : { 0, 1, 3, 4 }) { // not the colour-mode page, which shows the image byte order on purpose
         window.ShowPage(page);
         for (int i = 0; i < 3; ++i)
             QApplication::processEvents();
