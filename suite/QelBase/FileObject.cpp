@@ -97,7 +97,9 @@ bool FileObject::FileOpen(const QString& path, int flags)
     const qsizetype cr = bytes.indexOf('\r');
     m_crlf = cr >= 0 && nl == cr + 1;
     // Only the one mark taken off above is the file's; QString::fromUtf8 would drop another.
-    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    // Stateless: a character cut off at the end of the file reads as U+FFFD, not as nothing.
+    QStringDecoder utf8(QStringDecoder::Utf8,
+                        QStringDecoder::Flag::ConvertInitialBom | QStringDecoder::Flag::Stateless);
     parse(utf8(bytes));
     m_path = path;
     return true;

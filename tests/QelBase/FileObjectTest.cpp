@@ -315,4 +315,11 @@ TEST(FileObject, ByteOrderMarksLeadingALineAreBlanks)
     }
     EXPECT_EQ(readAll(path), bytes) << "written back as read";
     EXPECT_EQ(loaded.ToText(), fo.ToText());
+
+    // A character cut off at the end of the file is not lost.
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write("k = v\xD4") == 6);
+    file.close();
+    QString value;
+    ASSERT_TRUE(fo.FileOpen(path) && fo.GetString("", "k", value));
+    EXPECT_EQ(value, QString("v") + QChar(0xFFFD));
 }
