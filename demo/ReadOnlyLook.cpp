@@ -40,12 +40,15 @@ private:
     static void Apply(QLineEdit* edit)
     {
         if (edit->isReadOnly()) {
-            // Only the fill is set, from the window colour the field inherits; every other role
-            // keeps following the application's palette, and a change of it comes back here.
+            // Only the fill is set, from the window colour the field inherits (or, where that is
+            // the editable fields' colour too, the light shade of the 3-D frames); every other
+            // role keeps following the application's palette, and a change of it comes back here.
             const QPalette inherited = edit->parentWidget() ? edit->parentWidget()->palette() : QApplication::palette(edit);
             QPalette wanted;
-            for (QPalette::ColorGroup group : { QPalette::Active, QPalette::Inactive, QPalette::Disabled })
-                wanted.setBrush(group, QPalette::Base, inherited.brush(group, QPalette::Window));
+            for (QPalette::ColorGroup group : { QPalette::Active, QPalette::Inactive, QPalette::Disabled }) {
+                const bool alike = inherited.color(group, QPalette::Window) == inherited.color(group, QPalette::Base);
+                wanted.setBrush(group, QPalette::Base, inherited.brush(group, alike ? QPalette::Midlight : QPalette::Window));
+            }
             if (!edit->property(kMarked).toBool()
                 || edit->palette().brush(QPalette::Active, QPalette::Base) != wanted.brush(QPalette::Active, QPalette::Base)) {
                 edit->setProperty(kMarked, true);

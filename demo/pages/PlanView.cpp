@@ -229,7 +229,8 @@ void PlanView::PaintGrid(QPainter& p, const QRectF& chart) const
     }
     i = 0;
     for (double y = std::ceil(m_area.top() / kGridStep) * kGridStep; y <= m_area.bottom(); y += kGridStep, ++i) {
-        if (i % everyNorth != 0)
+        // The chart's lower edge is left to the eastings, whose first label stands right there.
+        if (i % everyNorth != 0 || y <= m_area.top())
             continue;
         const double at = ToPixel(Point(0, y)).y();
         const QRectF box(0, at - metrics.height() / 2.0, chart.left() - kGap, metrics.height());
