@@ -15,6 +15,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPainter>
+#include <QSaveFile>
 #include <QScrollArea>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -43,6 +44,13 @@ QString ModeSlug(ColorConverter::mode mode)
     case ColorConverter::bright: return QStringLiteral("bright");
     default: return QStringLiteral("unknown");
     }
+}
+
+// A picture as a PNG file, written whole or not at all.
+bool SavePng(const QPixmap& picture, const QString& path)
+{
+    QSaveFile file(path);
+    return file.open(QIODevice::WriteOnly) && picture.save(&file, "PNG") && file.commit();
 }
 
 void Settle()
@@ -237,7 +245,7 @@ bool GalleryWindow::WriteScreenshots(const QString& folder)
                 PickTwoPoints(entry);
             Settle();
             const QString file = QStringLiteral("%1-%2-%3.png").arg(i + 1, 2, 10, QLatin1Char('0')).arg(PageSlug(i), modeName);
-            ok = grab().save(dir.filePath(file)) && ok;
+            ok = SavePng(grab(), dir.filePath(file)) && ok;
             if (entry)
                 ok = WriteMeasureDialogs(entry, dir, QStringLiteral("%1-%2").arg(i + 1, 2, 10, QLatin1Char('0')).arg(PageSlug(i)), modeName) && ok;
         }
@@ -261,7 +269,7 @@ bool GalleryWindow::WriteMeasureDialogs(EntryPage* page, const QDir& dir, const 
     bool ok = true;
     const auto shoot = [&](QWidget* dialog, const char* name) {
         Settle();
-        ok = dialog->grab().save(dir.filePath(QStringLiteral("%1-%2-%3.png").arg(stem, QLatin1String(name), modeName))) && ok;
+        ok = SavePng(dialog->grab(), dir.filePath(QStringLiteral("%1-%2-%3.png").arg(stem, QLatin1String(name), modeName))) && ok;
         dialog->hide();
     };
     shoot(page->OpenMeasure(true), "measure3d");
@@ -285,14 +293,14 @@ bool GalleryWindow::WriteNightPopups(const QString& folder)
         painter.drawPixmap(menuAt, m_fileMenu->grab());
     }
     m_fileMenu->hide();
-    bool ok = shot.save(dir.filePath(QStringLiteral("night-menu.png")));
+    bool ok = SavePng(shot, dir.filePath(QStringLiteral("night-menu.png")));
 
     QMessageBox box(QMessageBox::Warning, tr("QelGallery"), tr("The survey line has not been saved."),
                     QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
     box.setInformativeText(tr("Save the changes before closing?"));
     box.show();
     Settle();
-    ok = box.grab().save(dir.filePath(QStringLiteral("night-messagebox.png"))) && ok;
+    ok = SavePng(box.grab(), dir.filePath(QStringLiteral("night-messagebox.png"))) && ok;
     box.hide();
 
     QFileDialog dialog(this, tr("Open survey file"), DataSearch::GetDataSearch().GetProjectDefinition()
@@ -302,7 +310,7 @@ bool GalleryWindow::WriteNightPopups(const QString& folder)
     dialog.resize(760, 460);
     dialog.show();
     Settle();
-    ok = dialog.grab().save(dir.filePath(QStringLiteral("night-filedialog.png"))) && ok;
+    ok = SavePng(dialog.grab(), dir.filePath(QStringLiteral("night-filedialog.png"))) && ok;
     dialog.hide();
     return ok;
 }
