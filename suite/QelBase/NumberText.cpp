@@ -1,7 +1,6 @@
 #include "NumberText.h"
 
 #include <charconv>
-#include <cmath>
 #include <limits>
 #include <string>
 #include <system_error>
