@@ -4,11 +4,13 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QTemporaryDir>
 
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 
 // Stops the run when an invariant does not hold.
 #define FUZZ_CHECK(condition, ...)                                                              \
@@ -42,6 +44,18 @@ inline void Split(const uint8_t* data, size_t size, QByteArray& text, QByteArray
     const qsizetype nul = all.indexOf('\0');
     text = nul < 0 ? all : all.left(nul);
     operations = nul < 0 ? QByteArray() : all.mid(nul + 1);
+}
+
+// A folder for the files of the run, removed at its end. Saving syncs to disk: the folder is
+// in memory where the system allows.
+inline QString ScratchFolder()
+{
+    static const std::unique_ptr<QTemporaryDir> folder = [] {
+        auto inMemory = std::make_unique<QTemporaryDir>(QStringLiteral("/dev/shm/qel-fuzz-XXXXXX"));
+        return inMemory->isValid() ? std::move(inMemory) : std::make_unique<QTemporaryDir>();
+    }();
+    FUZZ_CHECK(folder->isValid(), "no scratch folder");
+    return folder->path();
 }
 
 // For messages: a printable form of a text.

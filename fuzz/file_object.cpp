@@ -7,9 +7,7 @@
 
 #include <QelBase/FileObject.h>
 
-#include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <cmath>
 #include <cstring>
@@ -183,22 +181,14 @@ void Edit(FileObject& file, Script& script)
     }
 }
 
-QString TempFolder()
-{
-    // Saving syncs to disk: keep the files in memory where the system allows.
-    static QTemporaryDir folder(QDir("/dev/shm").exists() ? QStringLiteral("/dev/shm/qel-fuzz-XXXXXX")
-                                                            : QDir::tempPath() + QStringLiteral("/qel-fuzz-XXXXXX"));
-    return folder.path();
-}
-
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     QByteArray bytes, operations;
     fuzz::Split(data, size, bytes, operations);
-    const QString input = TempFolder() + QStringLiteral("/input.txt");
-    const QString saved = TempFolder() + QStringLiteral("/saved.txt");
+    const QString input = fuzz::ScratchFolder() + QStringLiteral("/input.txt");
+    const QString saved = fuzz::ScratchFolder() + QStringLiteral("/saved.txt");
 
     // From disk (byte-order mark and line ends detected) and from text alike.
     QFile raw(input);

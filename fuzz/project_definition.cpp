@@ -8,7 +8,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -48,11 +47,8 @@ Settings Read(const ProjectDefinition& project)
 
 QString ProjectFile()
 {
-    // Saving syncs to disk: keep the files in memory where the system allows.
-    static QTemporaryDir folder(QDir("/dev/shm").exists() ? QStringLiteral("/dev/shm/qel-fuzz-XXXXXX")
-                                                            : QDir::tempPath() + QStringLiteral("/qel-fuzz-XXXXXX"));
-    QDir(folder.path()).mkpath(QStringLiteral("Survey"));
-    return folder.path() + QStringLiteral("/Survey/Project.qpd");
+    QDir(fuzz::ScratchFolder()).mkpath(QStringLiteral("Survey"));
+    return fuzz::ScratchFolder() + QStringLiteral("/Survey/Project.qpd");
 }
 
 } // namespace
