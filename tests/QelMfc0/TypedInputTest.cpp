@@ -71,8 +71,9 @@ TEST_F(TypedInputTest, CoordinateEditsMarkUnreadableAndOutOfRangeTextUntilCorrec
         EXPECT_EQ(Base(ctrl->Edit1()) != normalBase, c.firstMarked) << describe();
         EXPECT_EQ(Base(ctrl->Edit2()) != normalBase, c.secondMarked) << describe();
         EXPECT_EQ(ctrl->IsInputMarked(), c.firstMarked || c.secondMarked) << describe();
-        if (c.firstMarked)
+        if (c.firstMarked) {
             EXPECT_TRUE(ctrl->Edit1()->toolTip().startsWith(ctrl->InputProblem(true, ctrl->Edit1()->text())));
+        }
     }
     // The values stay as the control reads them: unreadable geographic text counts as 0.
     double latitude = 1.0, longitude = 1.0;
@@ -129,8 +130,9 @@ TEST_F(TypedInputTest, TypedDistancesAreReadWithTheirUnitAndMarkedWhenUnreadable
         Type(ctrl.Edit(), QString::fromUtf8(c.text));
         double metres = -1.0;
         EXPECT_EQ(ctrl.ReadTypedDistance(metres), c.readable) << c.text;
-        if (c.readable)
+        if (c.readable) {
             EXPECT_NEAR(metres, c.metres, 1e-9) << c.text;
+        }
         EXPECT_EQ(ctrl.IsInputMarked(), !c.readable) << c.text;
     }
     // Typing never changes the stored value; the host takes it with SetDistance.
