@@ -112,6 +112,7 @@ LibraryPage::LibraryPage(QWidget* parent)
     auto* templates = new QWidget(units);
     auto* templateLayout = new QVBoxLayout(templates);
     auto* holder = new QWidget(units);
+    holder->setObjectName(QStringLiteral("filledInTexts"));
     auto* holderLayout = new QVBoxLayout(holder);
     const QStringList texts = {
         tr("Draught [%D]"), tr("Speed [%S], heading [%A]"), tr("Load [%T], force [%F]"), tr("Grid [%W]"),
