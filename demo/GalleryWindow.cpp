@@ -25,9 +25,9 @@
 #include <QelConfigure/ProjectDefinition.h>
 #include <QelMfc0/colour/ColorControl.h>
 #include <QelMfc0/controls/ProjectFollower.h>
-#include <QelMfc0/dialogs/MeasureBrgDistDlg.h>
-#include <QelMfc0/dialogs/MeasureDlg.h>
-#include <QelMfc0/dialogs/MeasureRelativeDlg.h>
+#include <QelMfc0/dialogs/measure/MeasureBrgDistDlg.h>
+#include <QelMfc0/dialogs/measure/MeasureDlg.h>
+#include <QelMfc0/dialogs/measure/MeasureRelativeDlg.h>
 #include <QelSubscriber/SubscriptionManager.h>
 
 namespace {

@@ -11,8 +11,8 @@
 #include <QelConfigure/ProjectDefinition.h>
 #include <QelConfigure/QelFormatter.h>
 #include <QelMfc0/ColorRef.h>
-#include <QelMfc0/FontInfo.h>
-#include <QelMfc0/PECFont.h>
+#include <QelMfc0/drawing/FontInfo.h>
+#include <QelMfc0/drawing/PECFont.h>
 #include <QelMfc0/colour/ColorControl.h>
 
 #include <algorithm>

@@ -8,9 +8,9 @@
 
 #include <QRect>
 #include <QString>
-#include <QelMfc0/controls/DistOnRlineMeter.h>
-#include <QelMfc0/controls/OffrackMeter.h>
-#include <QelMfc0/controls/UpDownIndicator.h>
+#include <QelMfc0/controls/indicators/DistOnRlineMeter.h>
+#include <QelMfc0/controls/indicators/OffrackMeter.h>
+#include <QelMfc0/controls/indicators/UpDownIndicator.h>
 #include <array>
 
 class QPainter;

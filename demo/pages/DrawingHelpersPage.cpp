@@ -3,12 +3,12 @@
 #include <QelAttributes/AttributeKeys.h>
 #include <QelAttributes/AttributeMap.h>
 #include <QelMfc0/ColorRef.h>
-#include <QelMfc0/FontInfo.h>
-#include <QelMfc0/GDISelector.h>
+#include <QelMfc0/drawing/FontInfo.h>
+#include <QelMfc0/drawing/GDISelector.h>
 #include <QelMfc0/colour/ColorControl.h>
-#include <QelMfc0/PECFont.h>
-#include <QelMfc0/QelBrush.h>
-#include <QelMfc0/QelPen.h>
+#include <QelMfc0/drawing/PECFont.h>
+#include <QelMfc0/drawing/QelBrush.h>
+#include <QelMfc0/drawing/QelPen.h>
 #include <QelSubscriber/SubscriptionManager.h>
 
 #include <QPainter>

@@ -17,9 +17,9 @@
 #include <QelMfc0/controls/CoordinateCtrl.h>
 #include <QelMfc0/controls/DistanceCtrl.h>
 #include <QelMfc0/controls/ProjectFollower.h>
-#include <QelMfc0/dialogs/MeasureBrgDistDlg.h>
-#include <QelMfc0/dialogs/MeasureDlg.h>
-#include <QelMfc0/dialogs/MeasureRelativeDlg.h>
+#include <QelMfc0/dialogs/measure/MeasureBrgDistDlg.h>
+#include <QelMfc0/dialogs/measure/MeasureDlg.h>
+#include <QelMfc0/dialogs/measure/MeasureRelativeDlg.h>
 
 #include <stdexcept>
 

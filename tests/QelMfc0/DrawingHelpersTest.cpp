@@ -1,11 +1,11 @@
 // Brushes, pens, point fonts and the selection guard, checked by what they draw.
 #include <QelBase/DisplayScale.h>
 #include <QelBase/MsgTextAttribs.h>
-#include <QelMfc0/FontInfo.h>
-#include <QelMfc0/GDISelector.h>
-#include <QelMfc0/PECFont.h>
-#include <QelMfc0/QelBrush.h>
-#include <QelMfc0/QelPen.h>
+#include <QelMfc0/drawing/FontInfo.h>
+#include <QelMfc0/drawing/GDISelector.h>
+#include <QelMfc0/drawing/PECFont.h>
+#include <QelMfc0/drawing/QelBrush.h>
+#include <QelMfc0/drawing/QelPen.h>
 
 #include <QGuiApplication>
 #include <QImage>

@@ -1,7 +1,7 @@
 // The font description record: field-wise equality and loading from attributes.
 #include <QelAttributes/AttributeKeys.h>
 #include <QelAttributes/AttributeMap.h>
-#include <QelMfc0/FontInfo.h>
+#include <QelMfc0/drawing/FontInfo.h>
 
 #include <gtest/gtest.h>
 

@@ -12,9 +12,9 @@
 #include <QelMfc0/StringTable.h>
 #include <QelMfc0/controls/CoordinateCtrl.h>
 #include <QelMfc0/controls/DistanceCtrl.h>
-#include <QelMfc0/dialogs/MeasureBrgDistDlg.h>
-#include <QelMfc0/dialogs/MeasureDlg.h>
-#include <QelMfc0/dialogs/MeasureRelativeDlg.h>
+#include <QelMfc0/dialogs/measure/MeasureBrgDistDlg.h>
+#include <QelMfc0/dialogs/measure/MeasureDlg.h>
+#include <QelMfc0/dialogs/measure/MeasureRelativeDlg.h>
 
 #include <QApplication>
 #include <QLabel>

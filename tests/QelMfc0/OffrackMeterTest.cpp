@@ -10,10 +10,10 @@
 #include <QelConfigure/DataSearch.h>
 #include <QelConfigure/ProjectDefinition.h>
 #include <QelMfc0/ColorRef.h>
-#include <QelMfc0/FontInfo.h>
+#include <QelMfc0/drawing/FontInfo.h>
 #include <QelMfc0/colour/ColorControl.h>
-#include <QelMfc0/controls/DistOnRlineMeter.h>
-#include <QelMfc0/controls/OffrackMeter.h>
+#include <QelMfc0/controls/indicators/DistOnRlineMeter.h>
+#include <QelMfc0/controls/indicators/OffrackMeter.h>
 #include <common/TestProject.h>
 #include <gtest/gtest.h>
 #include <limits>

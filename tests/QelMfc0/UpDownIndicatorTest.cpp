@@ -7,7 +7,7 @@
 #include <QelConfigure/DataSearch.h>
 #include <QelMfc0/ColorRef.h>
 #include <QelMfc0/colour/ColorControl.h>
-#include <QelMfc0/controls/UpDownIndicator.h>
+#include <QelMfc0/controls/indicators/UpDownIndicator.h>
 
 #include <QFile>
 #include <QImage>

@@ -7,9 +7,9 @@
 #include <QApplication>
 #include <QGroupBox>
 #include <QPushButton>
-#include <QelMfc0/dialogs/MeasureBrgDistDlg.h>
-#include <QelMfc0/dialogs/MeasureDlg.h>
-#include <QelMfc0/dialogs/MeasureRelativeDlg.h>
+#include <QelMfc0/dialogs/measure/MeasureBrgDistDlg.h>
+#include <QelMfc0/dialogs/measure/MeasureDlg.h>
+#include <QelMfc0/dialogs/measure/MeasureRelativeDlg.h>
 #include <cmath>
 #include <gtest/gtest.h>
 

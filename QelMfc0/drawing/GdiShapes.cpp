@@ -1,4 +1,4 @@
-#include "QelMfc0/GdiShapes.h"
+#include "QelMfc0/drawing/GdiShapes.h"
 
 #include <QPainter>
 #include <QRect>

@@ -1,4 +1,4 @@
-#include "QelMfc0/dialogs/MeasureDlgBase.h"
+#include "QelMfc0/dialogs/measure/MeasureDlgBase.h"
 
 #include "QelMfc0/controls/CoordinateCtrl.h"
 #include "QelMfc0/controls/DistanceCtrl.h"

@@ -1,4 +1,4 @@
-#include <QelMfc0/QelPen.h>
+#include <QelMfc0/drawing/QelPen.h>
 
 #include <QelMfc0/ColorRef.h>
 

@@ -1,4 +1,4 @@
-#include "QelMfc0/dialogs/MeasureBrgDistDlg.h"
+#include "QelMfc0/dialogs/measure/MeasureBrgDistDlg.h"
 
 #include "QelMfc0/controls/DistanceCtrl.h"
 #include "QelMfc0/controls/PlaceholderReplacement.h"

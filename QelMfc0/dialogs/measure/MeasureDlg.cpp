@@ -1,4 +1,4 @@
-#include "QelMfc0/dialogs/MeasureDlg.h"
+#include "QelMfc0/dialogs/measure/MeasureDlg.h"
 
 #include "QelMfc0/StringTable.h"
 #include "QelMfc0/controls/CoordinateCtrl.h"

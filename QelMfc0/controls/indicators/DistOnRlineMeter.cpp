@@ -1,9 +1,9 @@
-#include <QelMfc0/controls/DistOnRlineMeter.h>
+#include <QelMfc0/controls/indicators/DistOnRlineMeter.h>
 
 #include <QelBase/NumberUtils.h>
 #include <QelMfc0/ColorRef.h>
-#include <QelMfc0/GdiShapes.h>
-#include <QelMfc0/GDISelector.h>
+#include <QelMfc0/drawing/GdiShapes.h>
+#include <QelMfc0/drawing/GDISelector.h>
 #include <QelMfc0/colour/ColorControl.h>
 
 #include <QPainter>

@@ -8,7 +8,7 @@
 
 
 #include <QelBase/Point.h>
-#include <QelMfc0/dialogs/MeasureDlgBase.h>
+#include <QelMfc0/dialogs/measure/MeasureDlgBase.h>
 
 class CAttributeMap;
 class CCoordinateCtrl;

@@ -1,4 +1,4 @@
-#include <QelMfc0/controls/UpDownIndicator.h>
+#include <QelMfc0/controls/indicators/UpDownIndicator.h>
 
 #include <QelAttributes/AttributeKeys.h>
 #include <QelAttributes/AttributeMap.h>
@@ -6,7 +6,7 @@
 #include <QelConfigure/DataSearch.h>
 #include <QelConfigure/QelFormatter.h>
 #include <QelMfc0/ColorRef.h>
-#include <QelMfc0/GdiShapes.h>
+#include <QelMfc0/drawing/GdiShapes.h>
 #include <QelMfc0/colour/ColorControl.h>
 
 #include <QFontMetrics>

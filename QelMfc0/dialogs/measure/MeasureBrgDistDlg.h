@@ -6,7 +6,7 @@
 
 
 #include <QelBase/Point.h>
-#include <QelMfc0/dialogs/MeasureDlgBase.h>
+#include <QelMfc0/dialogs/measure/MeasureDlgBase.h>
 
 class CAttributeMap;
 class DistanceCtrl;

@@ -1,8 +1,8 @@
-#include <QelMfc0/PECFont.h>
+#include <QelMfc0/drawing/PECFont.h>
 
 #include <QelBase/DisplayScale.h>
 #include <QelBase/MsgTextAttribs.h>
-#include <QelMfc0/FontInfo.h>
+#include <QelMfc0/drawing/FontInfo.h>
 
 #include <QPaintDevice>
 

@@ -1,4 +1,4 @@
-#include <QelMfc0/FontInfo.h>
+#include <QelMfc0/drawing/FontInfo.h>
 
 #include <QelAttributes/AttributeKeys.h>
 #include <QelAttributes/AttributeMap.h>

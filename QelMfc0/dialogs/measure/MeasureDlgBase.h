@@ -4,7 +4,7 @@
 // configuration file and whose fonts follow their size.
 
 #include <QelConfigure/BaseDlg.h>
-#include <QelMfc0/dialogs/MeasureSupport.h>
+#include <QelMfc0/dialogs/measure/MeasureSupport.h>
 
 #include <QList>
 

@@ -1,4 +1,4 @@
-#include "QelMfc0/dialogs/MeasureSupport.h"
+#include "QelMfc0/dialogs/measure/MeasureSupport.h"
 
 #include "QelMfc0/controls/DistanceCtrl.h"
 

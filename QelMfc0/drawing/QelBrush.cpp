@@ -1,4 +1,4 @@
-#include <QelMfc0/QelBrush.h>
+#include <QelMfc0/drawing/QelBrush.h>
 
 #include <QelMfc0/ColorRef.h>
 

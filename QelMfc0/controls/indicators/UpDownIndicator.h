@@ -35,7 +35,7 @@
 #include <QRect>
 #include <QString>
 #include <QelBase/QelTypes.h>
-#include <QelMfc0/FontInfo.h>
+#include <QelMfc0/drawing/FontInfo.h>
 
 class CAttributeMap;
 class QFontMetrics;

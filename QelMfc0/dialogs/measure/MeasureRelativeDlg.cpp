@@ -1,4 +1,4 @@
-#include "QelMfc0/dialogs/MeasureRelativeDlg.h"
+#include "QelMfc0/dialogs/measure/MeasureRelativeDlg.h"
 
 #include "QelMfc0/controls/CoordinateCtrl.h"
 #include "QelMfc0/controls/DistanceCtrl.h"

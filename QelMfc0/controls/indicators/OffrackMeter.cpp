@@ -1,13 +1,13 @@
-#include <QelMfc0/controls/OffrackMeter.h>
+#include <QelMfc0/controls/indicators/OffrackMeter.h>
 
 #include <QelBase/NumberUtils.h>
 #include <QelConfigure/DataSearch.h>
 #include <QelConfigure/ProjectDefinition.h>
 #include <QelMfc0/ColorRef.h>
-#include <QelMfc0/GdiShapes.h>
-#include <QelMfc0/FontInfo.h>
-#include <QelMfc0/GDISelector.h>
-#include <QelMfc0/PECFont.h>
+#include <QelMfc0/drawing/GdiShapes.h>
+#include <QelMfc0/drawing/FontInfo.h>
+#include <QelMfc0/drawing/GDISelector.h>
+#include <QelMfc0/drawing/PECFont.h>
 #include <QelMfc0/colour/ColorControl.h>
 
 #include <QFontMetrics>

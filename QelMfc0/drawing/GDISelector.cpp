@@ -1,4 +1,4 @@
-#include <QelMfc0/GDISelector.h>
+#include <QelMfc0/drawing/GDISelector.h>
 
 #include <QGuiApplication>
 #include <QPainter>
