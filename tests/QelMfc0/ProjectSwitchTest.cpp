@@ -230,15 +230,6 @@ TEST_F(ProjectSwitchTest, ClosingTheProjectLeavesControlsUsable)
     double value = 0.0;
     ASSERT_TRUE(measure.DistanceControl()->GetDistance(value));
     EXPECT_DOUBLE_EQ(value, 50.0); // no scale correction without a coordinate system
-    EXPECT_EQ(coord->FormatButton()->text(), QStringLiteral("X/Y"));
-
-    // A failed open announces nothing and keeps what was open.
-    ASSERT_TRUE(OpenProject("NorthSea"));
-    coord->SetXY(kFrom.x, kFrom.y);
-    EXPECT_FALSE(OpenProject("NoSuchProject"));
-    double lat = 0.0, lon = 0.0;
-    ASSERT_TRUE(coord->GetLatLon(lat, lon));
-    EXPECT_NEAR(lon, 3.0, 1e-9);
 }
 
 } // namespace

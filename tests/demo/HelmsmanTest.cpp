@@ -7,10 +7,8 @@
 #include "pages/HelmsmanPage.h"
 
 #include <QApplication>
-#include <QHelpEvent>
 #include <QImage>
 #include <QPainter>
-#include <QToolTip>
 #include <QelBase/DisplayScale.h>
 #include <QelMfc0/ColorRef.h>
 #include <QelMfc0/colour/ColorControl.h>
@@ -100,25 +98,6 @@ TEST_F(Helmsman, InstrumentsHaveTitlesAndStandApart)
     EXPECT_GT(Count(image, QRect(strip.left() - 60, strip.top(), 55, strip.height()), IsInk), 200) << "scale";
     EXPECT_GT(Count(image, QRect(strip.left() - 60, strip.bottom() + 2, strip.width() + 60, 18), IsInk), 20) << "value";
     EXPECT_GT(Count(image, QRect(strip.left() - 60, area.top(), strip.width() + 60, strip.top() - area.top()), IsInk), 40) << "title";
-}
-
-TEST_F(Helmsman, ResetButtonsExplainThemselves)
-{
-    HelmsmanPage page;
-    page.resize(900, 560);
-    page.show();
-    (void)page.grab(); // painted once: the buttons know where they are
-    HelmsmanFrame layout;
-    const QRect area = page.rect().adjusted(10, 10, -10, -10);
-    const char* const names[] = { "draught", "dredge head", "tide" };
-    for (int i = 0; i < HelmsmanFrame::kGaugeCount; ++i) {
-        const QPoint button = layout.GaugeRect(area, i).topLeft() + QPoint(DpiCor(14), DpiCor(14));
-        QHelpEvent help(QEvent::ToolTip, button, page.mapToGlobal(button));
-        QApplication::sendEvent(&page, &help);
-        EXPECT_TRUE(QToolTip::isVisible());
-        EXPECT_TRUE(QToolTip::text().contains(QLatin1String(names[i]), Qt::CaseInsensitive)) << QToolTip::text().toStdString();
-        QToolTip::hideText();
-    }
 }
 
 TEST_F(Helmsman, AtNightNothingIsBrightAndPortStaysRed)
