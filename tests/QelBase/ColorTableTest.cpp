@@ -68,11 +68,3 @@ TEST(ColorTable, EditsOutOfRangeAreRefusedAndClearingCanKeepLockedEntries)
     EXPECT_EQ(table.NumEntries(), 0);
     EXPECT_EQ(table.LowColor(), RGB(1, 2, 3));
 }
-
-TEST(ColorTable, ContrastColourIsBlackOnLightAndWhiteOnDarkBackgrounds)
-{
-    EXPECT_EQ(ColorTable::GetContrastColor(RGB(255, 255, 255)), RGB(0, 0, 0));
-    EXPECT_EQ(ColorTable::GetContrastColor(RGB(255, 255, 0)), RGB(0, 0, 0));
-    EXPECT_EQ(ColorTable::GetContrastColor(RGB(0, 0, 128)), RGB(255, 255, 255));
-    EXPECT_EQ(ColorTable::GetContrastColor(RGB(0, 0, 0)), RGB(255, 255, 255));
-}

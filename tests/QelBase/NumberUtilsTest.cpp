@@ -83,14 +83,3 @@ TEST(RoundingTest, RoundToDecimalsWorksOnTheShortestDecimal)
     EXPECT_FALSE(std::signbit(RoundToDecimals(-0.001, 2)));
     EXPECT_EQ(RoundToDecimals(std::nan(""), 2), 0.0);
 }
-
-TEST(RoundingTest, EpsilonAndAlmostEqual)
-{
-    EXPECT_DOUBLE_EQ(Epsilon(0.5), 1e-9);
-    EXPECT_DOUBLE_EQ(Epsilon(-1000.0), 1e-6);
-    EXPECT_TRUE(AlmostEqual(0.1 + 0.2, 0.3));
-    EXPECT_TRUE(AlmostEqual(1e6, 1e6 + 1e-4));
-    EXPECT_FALSE(AlmostEqual(1.0, 1.0 + 1e-8));
-    EXPECT_TRUE(AlmostEqual(HUGE_VAL, HUGE_VAL));
-    EXPECT_FALSE(AlmostEqual(std::nan(""), 0.0));
-}

@@ -26,25 +26,6 @@ TEST(PointTest, QuarterTurnsAreClockwiseAndExact)
     ExpectNear(north.Rotated(45.0), Point(std::sqrt(0.5), std::sqrt(0.5), 7.0));
 }
 
-TEST(PointTest, RotatingByMinusBearingGivesAcrossAndAlongTrack)
-{
-    // A line from S with bearing 30; a point 10 along it and 3 to its right.
-    const Point start(1000.0, 2000.0);
-    const double theta = 30.0;
-    const Point along = Point(0.0, 10.0).Rotated(theta);
-    const Point right = Point(3.0, 0.0).Rotated(theta);
-    Point w = (start + along + right) - start;
-    w.Rotate(-theta);
-    EXPECT_NEAR(w.x, 3.0, 1e-9);
-    EXPECT_NEAR(w.y, 10.0, 1e-9);
-
-    double bearing = 0.0;
-    double distance = 0.0;
-    XYToPolar(along.x, along.y, bearing, distance);
-    EXPECT_NEAR(bearing, theta, 1e-9);
-    EXPECT_NEAR(distance, 10.0, 1e-9);
-}
-
 TEST(PointTest, RotationAboutCentreAndBadAngle)
 {
     Point p(11.0, 20.0, 5.0);

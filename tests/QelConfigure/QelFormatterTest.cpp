@@ -35,11 +35,9 @@ TEST(QelFormatter, DepthInTheProjectUnit)
     ASSERT_TRUE(project.GetUnitCnv().SetUnit(UNIT_DEPTH, QStringLiteral("ft")));
     const QelFormatter formatter(&project);
     EXPECT_EQ(formatter.FormatDepth(10.0), QStringLiteral("32.81 ft"));
-    EXPECT_EQ(formatter.FormatDepth(10.0, false), QStringLiteral("32.81"));
     EXPECT_EQ(formatter.FormatDepth(10.0, true, true), QStringLiteral("+32.81 ft"));
     EXPECT_EQ(formatter.FormatDepth(-10.0, true, true), QStringLiteral("-32.81 ft"));
     EXPECT_EQ(formatter.FormatDepth(0.001, true, true), QStringLiteral("0.00 ft")); // rounds to 0
-    EXPECT_EQ(formatter.FormatDepth(0.0, false, true), QStringLiteral("0.00"));
     EXPECT_TRUE(formatter.FormatDepth(std::numeric_limits<double>::quiet_NaN()).isEmpty());
 
     project.SetDepthDecimals(1);
@@ -48,7 +46,6 @@ TEST(QelFormatter, DepthInTheProjectUnit)
     EXPECT_EQ(formatter.FormatDistance(1234.5), QStringLiteral("1234.50 m"));
     ASSERT_TRUE(project.GetUnitCnv().SetUnit(UNIT_DISTANCE, QStringLiteral("km")));
     EXPECT_EQ(formatter.FormatDistance(1234.5), QStringLiteral("1.23 km"));
-    EXPECT_EQ(formatter.FormatDistance(1234.5, false), QStringLiteral("1.23"));
 }
 
 TEST(QelFormatter, FollowsTheOpenProjectOrDefaults)
