@@ -169,19 +169,6 @@ TEST_F(ThemeSwitchTest, ANightThemeIsAnnouncedOnlyWhenTheSettingsWindowIsClosed)
     EXPECT_EQ(notes.Count(), 1);
 }
 
-TEST_F(ThemeSwitchTest, ACountdownThatRunsOutAnnouncesNothing)
-{
-    Announcements notes;
-    ColorControl cc;
-    cc.SetLightMode(ColorConverter::night, true);
-    for (int i = 0; i < 60; ++i)
-        cc.TimerCheck();
-    cc.TimerCheck();
-    EXPECT_EQ(ColorControl::PendingThemeChecks(), 0);
-    EXPECT_EQ(notes.Count(), 0);
-    EXPECT_EQ(fake->closes, 0);
-}
-
 TEST_F(ThemeSwitchTest, TheThemeFileFollowsTheModeAndTheSavedUserTheme)
 {
     const QString user = Touch("user.theme");

@@ -178,15 +178,6 @@ TEST_F(PECFontTest, HeightAndPointSizeWithAndWithoutCorrection)
     EXPECT_EQ(QFont(font), before);
 }
 
-TEST_F(PECFontTest, FontForADeviceMeasuresInThatDevicesPixels)
-{
-    QImage at96 = whiteImage(4, 4), at144 = whiteImage(4, 4, kDpm144);
-    PECFont small, large;
-    ASSERT_TRUE(small.Create(QStringLiteral("Arial"), 20, false, false, &at96, true));
-    ASSERT_TRUE(large.Create(QStringLiteral("Arial"), 20, false, false, &at144, true));
-    EXPECT_NEAR(QFontMetricsF(large).height() / QFontMetricsF(small).height(), 1.5, 0.1);
-}
-
 TEST(GDISelectorTest, NestedGuardsRestoreInReverseOrder)
 {
     QImage img = whiteImage(8, 8);
@@ -236,12 +227,6 @@ TEST(GDISelectorTest, StockObjects)
         EXPECT_EQ(p.pen().style(), c.pen.style()) << c.stock;
         EXPECT_EQ(p.pen().color(), c.pen.color()) << c.stock;
     }
-    p.setFont(QFont(QStringLiteral("Arial"), 31));
-    {
-        GDISelector font(&p, StockObject::DEFAULT_GUI_FONT);
-        EXPECT_EQ(p.font(), QGuiApplication::font());
-    }
-    EXPECT_EQ(p.font().pointSize(), 31);
 }
 
 // Qt's colour enum promotes to int; it must not be taken for a stock-object number.

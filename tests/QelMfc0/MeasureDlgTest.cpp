@@ -175,11 +175,6 @@ TEST_F(MeasureDlgTest, UnusablePositionsAreNotScaled)
     const double k = ScaleFactor(from, to);
     ASSERT_FALSE(std::isfinite(k) && k > 0.0) << "the positions must be outside the projection";
     EXPECT_DOUBLE_EQ(Shown(dlg.DistanceControl()), 50.0);
-    MeasureRelativeDlg relative;
-    relative.SetStartPos(from);
-    relative.SetEndPos(Point(from.x, from.y + 100));
-    relative.SetCurrentPos(Point(from.x - 5, from.y + 40));
-    EXPECT_DOUBLE_EQ(Shown(relative.OffTrackControl()), 5.0);
 }
 
 TEST_F(MeasureDlgTest, NotSelectableFixesGridAndShowsUnconverted)
@@ -328,41 +323,6 @@ TEST_F(MeasureDlgTest, WindowSizeRestoredUnlessSquareAndWrittenBackOnHide)
         EXPECT_TRUE(file.GetInt(section, QStringLiteral("iHeight"), height));
         EXPECT_EQ(QSize(width, height), QSize(420, 210));
     }
-}
-
-TEST_F(MeasureDlgTest, AltitudeRowOnlyInThreeD)
-{
-    CMeasureDlg flat;
-    CMeasureDlg threeD(nullptr, nullptr, true);
-    for (const char* id : { "6818", "6819", "6820", "6821", "6822" }) {
-        EXPECT_TRUE(flat.findChild<QWidget*>(QLatin1String(id))->isHidden()) << id;
-        EXPECT_FALSE(threeD.findChild<QWidget*>(QLatin1String(id))->isHidden()) << id;
-    }
-    EXPECT_EQ(threeD.height() - flat.height(), DpiCor(CMeasureDlg::kAltitudeRowHeight));
-    EXPECT_EQ(threeD.width(), flat.width());
-}
-
-TEST_F(MeasureDlgTest, PlacedAtTheParentsCornerAndFontsFollowTheSize)
-{
-    QWidget host;
-    host.setGeometry(120, 90, 600, 400);
-    host.show();
-    CMeasureDlg dlg(&host, nullptr, true);
-    dlg.show();
-    EXPECT_EQ(dlg.pos(), host.frameGeometry().topLeft());
-
-    auto* bearingLabel = dlg.findChild<QLabel*>(QStringLiteral("6677"));
-    auto* toSecond = dlg.findChild<QLineEdit*>(QStringLiteral("6824"));
-    dlg.resize(DpiCor(500), DpiCor(100));
-    QApplication::processEvents();
-    const int smallLabel = bearingLabel->font().pointSize();
-    EXPECT_EQ(dlg.FromControl()->FormatButton()->font(), bearingLabel->font());
-    EXPECT_EQ(dlg.DistanceControl()->Edit()->font(), toSecond->font());
-
-    dlg.resize(DpiCor(1000), DpiCor(300));
-    QApplication::processEvents();
-    EXPECT_GT(bearingLabel->font().pointSize(), smallLabel);
-    EXPECT_EQ(dlg.size(), QSize(DpiCor(1000), DpiCor(300))); // the bigger fonts do not grow it
 }
 
 namespace {

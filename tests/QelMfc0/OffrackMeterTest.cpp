@@ -158,10 +158,6 @@ TEST_F(OffrackMeterTest, ValueTextStaysInsideTheRectangleAndShowsTheTrueValue)
     EXPECT_EQ(Letter(image.pixel(last, H + 1)), 'B');
 
     EXPECT_EQ(TextColumns(Render(-1000.0)), std::make_pair(0, Advance("-1000.00") - 1));
-    TestProject project; // the project's distance decimals apply
-    ASSERT_TRUE(project.IsOpen());
-    project.Project()->SetDistanceDecimals(0);
-    EXPECT_EQ(TextColumns(Render(1000.0)).first, W - 2 * (Advance("1000") / 2));
 }
 
 TEST_F(OffrackMeterTest, ValueTextIsNotCutByTheHostsNarrowerClip)

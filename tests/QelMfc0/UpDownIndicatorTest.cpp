@@ -187,32 +187,6 @@ TEST_F(UpDownIndicatorTest, PointerBoxStaysInTheStripWhileTheTipMarksTheValue)
     }
 }
 
-TEST_F(UpDownIndicatorTest, NameStripReadsAlongTheGauge)
-{
-    UpDownIndicator gauge;
-    gauge.SetItemName(QStringLiteral("Dredge head"));
-    gauge.SetDeltaValue(-8.0);
-
-    // Vertical: a strip on the right, the text rotated (taller than wide) at its top.
-    const QImage tall = Render(gauge, { 150, 400 });
-    EXPECT_EQ(At(tall, 149, 390), kLabel);
-    QRect text;
-    Count(tall, 0, QRect(136, 0, 14, 300), &text);
-    ASSERT_FALSE(text.isEmpty());
-    EXPECT_GT(text.height(), 2 * text.width());
-    EXPECT_LT(text.top(), 10);
-
-    // Horizontal: a strip along the bottom, the text at its right end.
-    gauge.SetHorizontalMode(true);
-    const QImage wide = Render(gauge, { 400, 150 });
-    EXPECT_EQ(At(wide, 5, 149), kLabel);
-    QRect line;
-    Count(wide, 0, QRect(200, 135, 200, 15), &line);
-    ASSERT_FALSE(line.isEmpty());
-    EXPECT_GT(line.width(), 2 * line.height());
-    EXPECT_GT(line.right(), 380);
-}
-
 TEST_F(UpDownIndicatorTest, ReferenceLabelAndBarDependOnTheValues)
 {
     // The label background shows left of the name strip only for a reference label.
@@ -249,10 +223,6 @@ TEST_F(UpDownIndicatorTest, LayersShareTheRectangle)
         EXPECT_EQ(gauge.CheckPtInIndicator({ x, 50 }, pane), inside) << x;
         EXPECT_EQ(At(image, x, 50), inside ? kPane : kOutside) << x;
     }
-
-    gauge.SetHorizontalMode(true); // layers are stacked rows
-    EXPECT_TRUE(gauge.CheckPtInIndicator({ 10, 66 }, pane));
-    EXPECT_FALSE(gauge.CheckPtInIndicator({ 10, 65 }, pane) || gauge.CheckPtInIndicator({ 10, 132 }, pane));
 
     // A layer that does not exist has no strip and draws nothing.
     gauge.SetLayerIndex(3);
