@@ -52,9 +52,6 @@ TEST(ProjectDefinition, MissingKeysGiveDefaults)
     ASSERT_TRUE(project.Load(WriteFile(dir, "[Project]\nName = Bare\n[Options]\nAutoShowAlerts = 0\n")));
     EXPECT_EQ(Numbers(project), (std::array{2, 2, 2, 2, 2, 7, 0, kGrid}));
     EXPECT_EQ(project.GetGeoCoordSys(), nullptr);
-    QString media = QStringLiteral("stale");
-    EXPECT_FALSE(project.GetMultiMediaFilePath(media));
-    EXPECT_TRUE(media.isEmpty());
 }
 
 TEST(ProjectDefinition, OutOfRangeValuesAreCorrected)
