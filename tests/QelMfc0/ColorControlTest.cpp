@@ -247,7 +247,6 @@ TEST_F(ThemeSwitchTest, TheApplicationPaletteFollowsTheModeAndComesBackExactly)
     fake->canSwitch = false;
     const struct { const char* name; COLORREF color; QColor (*shown)(); } roles[] = {
         { "btnface", RGB(10, 20, 30), [] { return QApplication::palette().color(QPalette::Window); } },
-        { "btnface", RGB(10, 20, 30), [] { return Polished<QWidget>().color(QPalette::Window); } },
         { "btnface", RGB(10, 20, 30), [] { return Polished<QMessageBox>().color(QPalette::Window); } },
         { "window", RGB(40, 0, 0), [] { return QApplication::palette().color(QPalette::Base); } },
         { "windowtext", RGB(200, 0, 0), [] { return QApplication::palette().color(QPalette::Text); } },

@@ -194,7 +194,6 @@ TEST_F(UpDownIndicatorTest, ReferenceLabelAndBarDependOnTheValues)
         { 0.0, 3.0, false, true },
         { 2.0, 3.0, true, true },
         { 2.0, 2.0, false, false }, // value on the reference: no bar, the pointer hides the label
-        { -0.5, 0.0, true, true },
     };
     for (bool horizontal : { false, true }) {
         for (const auto& c : cases) {
