@@ -373,3 +373,13 @@ TEST_F(MeasureDlgTest, NoDigitOrLabelIsCutAtAnySize)
             EXPECT_GE(edit->font().pointSize(), MeasureDlgBase::kSmallestPointSize);
     }
 }
+
+TEST_F(MeasureDlgTest, OpensAtTheParentsCorner)
+{
+    QWidget host;
+    host.setGeometry(120, 90, 600, 400);
+    host.show();
+    CMeasureDlg dlg(&host, nullptr, true);
+    dlg.show();
+    EXPECT_EQ(dlg.pos(), host.frameGeometry().topLeft());
+}
