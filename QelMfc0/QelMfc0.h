@@ -4,6 +4,7 @@
 // The library attaches itself when the host's QCoreApplication starts; a host may also call
 // QelMfc0Attach() itself; once attached, further calls do nothing.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QString>
 #include <QtGlobal>
 
@@ -16,16 +17,16 @@ inline constexpr char kQelMfc0SourceName[] = "QelMfc0";
 // Confirms the library's version with the suite, registers its resources, installs its
 // language translator and its display-scale source. False when the version check refuses the
 // library: it is then unusable and QelMfc0LastError() says why.
-bool QelMfc0Attach();
+QELMFC0_EXPORT bool QelMfc0Attach();
 
 // Removes the translator and forgets the attachment (called automatically at application exit).
-void QelMfc0Detach();
+QELMFC0_EXPORT void QelMfc0Detach();
 
 // True between a successful attach and the detach.
-bool IsQelMfc0Attached();
+QELMFC0_EXPORT bool IsQelMfc0Attached();
 
 // The reason why the last attach failed; empty after a successful one.
-QString QelMfc0LastError();
+QELMFC0_EXPORT QString QelMfc0LastError();
 
 // The build stamp given to the version check: compiler date, a blank, compiler time.
-QString QelMfc0BuildStamp();
+QELMFC0_EXPORT QString QelMfc0BuildStamp();

@@ -1,6 +1,7 @@
 #pragma once
 // The library's string table: user-visible texts by their suite-wide numbers, translated.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QString>
 
 namespace QelStrings {
@@ -23,4 +24,4 @@ constexpr int IMPORT_IMAGE_TITLE = 6977;   // "Import Image " (with its trailing
 } // namespace QelStrings
 
 // The translated text of string `id`; empty for a number the table does not hold.
-QString LoadQelString(int id);
+QELMFC0_EXPORT QString LoadQelString(int id);

@@ -23,6 +23,7 @@
 // shown with ModeStyle: Fusion, which draws every element from the palette (platform styles
 // draw menus and scroll bars in the system's own colours), with its icons converted too.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QPalette>
 #include <QString>
 #include <QelMfc0/colour/WindowsColorMap.h>
@@ -30,7 +31,7 @@
 
 class QImage;
 
-class ApplicationPalette
+class QELMFC0_EXPORT ApplicationPalette
 {
 public:
     // The application's palette before the first colour mode was applied (captured on first use

@@ -12,6 +12,7 @@
 // processors, and compilers without GCC's target attributes, convert one pixel at a time.
 // Every form gives the same pixels.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QelBase/QelTypes.h>
 #include <QelMfc0/colour/ColorConverter.h>
 #include <array>
@@ -20,7 +21,7 @@
 class ColorMap;
 #include <utility>
 
-class BitmapRemapper
+class QELMFC0_EXPORT BitmapRemapper
 {
 public:
     // Converts nothing (identity) until built for a map and a converter.

@@ -7,6 +7,7 @@
 // SubscriptionManager::Instance().NotifyPost(7, GeneralSubKeys::COLOR_CONTROL) and the
 // lightModeChanged signal of the instance.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QByteArray>
 #include <QObject>
 #include <QString>
@@ -21,7 +22,7 @@ class ColorTable;
 class QImage;
 class ThemePlatform;
 
-class ColorControl : public QObject
+class QELMFC0_EXPORT ColorControl : public QObject
 {
     Q_OBJECT
 public:

@@ -1,6 +1,7 @@
 #pragma once
 // Conversion of colours for a colour mode: optional inversion, then a factor per channel.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QMetaType>
 #include <QString>
 #include <QStringList>
@@ -9,7 +10,7 @@
 
 class FileObject;
 
-class ColorConverter
+class QELMFC0_EXPORT ColorConverter
 {
 public:
     // The colour modes of the display.

@@ -1,6 +1,7 @@
 #pragma once
 // The colour substitutions and system colours of a colour mode, read from its colour-map file.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QString>
 #include <QStringList>
 #include <QelBase/QelTypes.h>
@@ -11,7 +12,7 @@
 
 class FileObject;
 
-class ColorMap
+class QELMFC0_EXPORT ColorMap
 {
 public:
     static inline const QString kQelColorsSection = QStringLiteral("QEL_COLORS");

@@ -3,10 +3,11 @@
 // palette, with the style's own icons (message boxes, file dialogs, tool buttons) converted
 // for the mode like the library's images.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QProxyStyle>
 #include <functional>
 
-class ModeStyle : public QProxyStyle
+class QELMFC0_EXPORT ModeStyle : public QProxyStyle
 {
     Q_OBJECT
 public:

@@ -3,10 +3,11 @@
 // applying a theme brings up, and the user's theme and wallpaper. Only Windows has one; other
 // systems get an implementation that switches nothing.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QString>
 #include <memory>
 
-class ThemePlatform
+class QELMFC0_EXPORT ThemePlatform
 {
 public:
     virtual ~ThemePlatform();

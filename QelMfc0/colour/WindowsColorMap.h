@@ -2,13 +2,14 @@
 // The system colours of the user interface by name: the 28 named system colours with their
 // indexes, and the colour each one has.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QString>
 #include <QelBase/QelTypes.h>
 #include <array>
 #include <map>
 #include <utility>
 
-class WindowsColorMap
+class QELMFC0_EXPORT WindowsColorMap
 {
 public:
     struct SystemColor {

@@ -7,6 +7,7 @@
 // (DataSearch) and follow it when the host opens another project; the coordinate system is
 // looked up in the open project whenever it is used.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QRect>
 #include <QString>
 #include <QWidget>
@@ -18,7 +19,7 @@ class QMenu;
 class QPushButton;
 class QelGeoCoordSysBase;
 
-class CCoordinateCtrl : public QWidget
+class QELMFC0_EXPORT CCoordinateCtrl : public QWidget
 {
     Q_OBJECT
 public:

@@ -6,6 +6,7 @@
 // units, decimals and project unit: the value keeps its length in the new project's unit, and
 // the unit shown follows the project's unless the user or host picked another one.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QList>
 #include <QRect>
 #include <QString>
@@ -17,7 +18,7 @@ class QLineEdit;
 class QMenu;
 class QPushButton;
 
-class DistanceCtrl : public QWidget
+class QELMFC0_EXPORT DistanceCtrl : public QWidget
 {
     Q_OBJECT
 

@@ -3,12 +3,13 @@
 // the warning colours of the current colour mode and its tooltip says what is wrong, until the
 // text is corrected. The value the control reads is not changed by the marking.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QObject>
 #include <QString>
 
 class QLineEdit;
 
-class InputMarker : public QObject
+class QELMFC0_EXPORT InputMarker : public QObject
 {
     Q_OBJECT
 public:

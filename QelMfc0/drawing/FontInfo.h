@@ -1,6 +1,7 @@
 #pragma once
 // A plain font description: face, size in points, weight, slant and colour.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QFont>
 #include <QString>
 #include <QelBase/QelTypes.h>
@@ -8,7 +9,7 @@
 class CAttributeMap;
 
 // Value type describing a text font; compared field by field (the name case-sensitively).
-class FontInfo
+class QELMFC0_EXPORT FontInfo
 {
 public:
     // "Arial", 10 points, regular, upright, black.

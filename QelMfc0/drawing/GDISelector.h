@@ -1,6 +1,7 @@
 #pragma once
 // Scope guard that selects a pen, brush or font into a painter and puts the previous one back.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QBrush>
 #include <QFont>
 #include <QPen>
@@ -26,7 +27,7 @@ enum : int {
 // Selects one drawing object into an active painter for the lifetime of the guard and
 // restores the object of the same kind that was there before. Guards nest; they must be
 // destroyed in reverse order of creation (as scoped objects are) and before the painter.
-class GDISelector
+class QELMFC0_EXPORT GDISelector
 {
 public:
     // Selects a pen; remembers the painter's pen.

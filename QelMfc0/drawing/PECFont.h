@@ -1,6 +1,7 @@
 #pragma once
 // A point font made from a face, size and style, corrected for the display's scaling.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QFont>
 #include <QString>
 
@@ -10,7 +11,7 @@ struct MSGTEXTATTRIBS;
 
 // Font created from a face name and a point size; remembers a height in logical pixels
 // that callers use for layout.
-class PECFont : public QFont
+class QELMFC0_EXPORT PECFont : public QFont
 {
 public:
     // The largest point size Create accepts.

@@ -1,6 +1,7 @@
 #pragma once
 // A brush made from one of the library's numbered fill styles.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QBrush>
 
 // Brush whose fill is chosen by a style number:
@@ -9,7 +10,7 @@
 // The hatch directions are those of Qt::BDiagPattern ("/" lines rising to the right)
 // and Qt::FDiagPattern ("\" lines falling to the right); both match the classic
 // backward/forward diagonal hatches, so the numbers map one to one.
-class QelBrush : public QBrush
+class QELMFC0_EXPORT QelBrush : public QBrush
 {
 public:
     // A brush with no fill (Qt::NoBrush) until CreateQelBrush succeeds.

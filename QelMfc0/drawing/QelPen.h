@@ -1,6 +1,7 @@
 #pragma once
 // A pen made from one of the library's numbered line styles.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QPen>
 #include <QVector>
 
@@ -9,7 +10,7 @@ class QPaintDevice;
 // Pen whose line is chosen by a style number: 0 solid, 1 dash, 2 dot, 3 dash-dot,
 // 4 dash-dot-dot. The width follows the device's resolution and the dash lengths grow
 // with the width, so a dashed line looks the same on every screen.
-class QelPen : public QPen
+class QELMFC0_EXPORT QelPen : public QPen
 {
 public:
     // The largest pen width (in device pixels, after scaling) a pen is created with.

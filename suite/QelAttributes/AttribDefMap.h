@@ -8,6 +8,7 @@
 // with type one of none, string, int, double, bool, color, doublepair (any case). Description
 // and control attributes may be left out; the control attributes are the text after the last ';'.
 
+#include "QelAttributes/QelAttributesExport.h"
 #include "AttribValue.h"
 
 #include <QHash>
@@ -19,7 +20,7 @@
 
 class FileObject;
 
-struct CAttribDefRec
+struct QELATTRIBUTES_EXPORT CAttribDefRec
 {
     QString name;
     CAttribValue::Type type = CAttribValue::Type::None;
@@ -30,7 +31,7 @@ struct CAttribDefRec
     const QString& GetCtlAttribs() const { return ctlAttribs; }
 };
 
-class CAttribDefMap
+class QELATTRIBUTES_EXPORT CAttribDefMap
 {
 public:
     // The process's one map of definitions. All operations may be called from any thread.

@@ -10,6 +10,7 @@
 //   p:1 2         pair of doubles (blank or comma between them)
 // Strings are kept on one line: a newline becomes a blank.
 
+#include "QelAttributes/QelAttributesExport.h"
 #include <QelBase/QelTypes.h>
 
 #include <QString>
@@ -19,7 +20,7 @@
 
 class CQelDouble;
 
-class CAttribValue
+class QELATTRIBUTES_EXPORT CAttribValue
 {
 public:
     enum class Type { None, String, Int, Double, Bool, Color, DoublePair };

@@ -6,6 +6,7 @@
 // In a sectioned file every value is one entry "key = typed text" (see CAttribValue for the
 // text form); the key is repeated for indexes above 0, in index order.
 
+#include "QelAttributes/QelAttributesExport.h"
 #include "AttribValue.h"
 
 #include <QMap>
@@ -17,7 +18,7 @@
 class FileObject;
 class CQelDouble;
 
-class CAttributeMap
+class QELATTRIBUTES_EXPORT CAttributeMap
 {
 public:
     // The highest index FindCreate grows a key to.

@@ -1,7 +1,9 @@
 #pragma once
 // A double wrapped as its own type, so that an attribute value set from it is always a double.
 
-class CQelDouble
+#include "QelAttributes/QelAttributesExport.h"
+
+class QELATTRIBUTES_EXPORT CQelDouble
 {
 public:
     // Holds `v`.

@@ -2,11 +2,12 @@
 // A colour table of survey values: entries sorted by value, each with a colour, a locked flag
 // and a name, and a low colour for values below the first entry.
 
+#include "QelBase/QelBaseExport.h"
 #include <QString>
 #include <QelBase/QelTypes.h>
 #include <vector>
 
-class ColorTable
+class QELBASE_EXPORT ColorTable
 {
 public:
     struct Entry {

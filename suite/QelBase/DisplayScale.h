@@ -3,21 +3,23 @@
 // QelBase has no GUI: the library installs a provider that asks the screen. All of it
 // may be called from any thread.
 
+#include "QelBase/QelBaseExport.h"
+
 // Returns the current scale (logical DPI / 96).
 using DpiScaleProvider = double (*)();
 
 // Installs the function that reports the scale; nullptr restores a scale of 1.0.
-void SetDpiScaleProvider(DpiScaleProvider provider);
+QELBASE_EXPORT void SetDpiScaleProvider(DpiScaleProvider provider);
 // Fixes the scale, overriding the provider; <= 0 or non-finite goes back to the provider.
-void SetDpiScale(double scale);
+QELBASE_EXPORT void SetDpiScale(double scale);
 // The fixed scale if set, else the provider's answer when positive and finite, else 1.0.
-double GetDpiScale();
+QELBASE_EXPORT double GetDpiScale();
 
 // Pixels at 96 DPI to pixels on this screen, rounded half away from zero (like MulDiv).
-int DpiCor(int pixels);
+QELBASE_EXPORT int DpiCor(int pixels);
 // Pixels at 96 DPI to pixels on this screen, unrounded; non-finite gives 0.0.
-double DpiCor(double pixels);
+QELBASE_EXPORT double DpiCor(double pixels);
 // Pixels on this screen back to 96 DPI, rounded half away from zero (like MulDiv).
-int DpiRevCor(int pixels);
+QELBASE_EXPORT int DpiRevCor(int pixels);
 // Pixels on this screen back to 96 DPI, unrounded; non-finite gives 0.0.
-double DpiRevCor(double pixels);
+QELBASE_EXPORT double DpiRevCor(double pixels);

@@ -11,13 +11,14 @@
 // are case-insensitive; names are kept as written. Other lines are kept but skipped by reads.
 // Byte-order marks (U+FEFF) at the start of a line count as blanks.
 
+#include "QelBase/QelBaseExport.h"
 #include <QList>
 #include <QPair>
 #include <QString>
 #include <QStringList>
 #include <QStringView>
 
-class FileObject
+class QELBASE_EXPORT FileObject
 {
 public:
     enum OpenFlags : int { OPEN_READ = 32, OPEN_CREATE = 64 };

@@ -3,6 +3,7 @@
 // with minutes and seconds, and the parsers for what users type. Independent of the
 // locale: '.' is always the decimal point. The formats are listed in docs/formats.md.
 
+#include "QelBase/QelBaseExport.h"
 #include <QString>
 
 namespace FeetFlags {
@@ -25,19 +26,19 @@ constexpr int LONGITUDE = 11;
 
 // Fixed-point text with exactly decimals (0..15) decimals, rounded half away from zero,
 // never "-0.00"; with FEET_INCHES feet as feet and inches. NaN/infinity give "".
-QString FormatDouble(double value, int decimals, unsigned feetFlags = 0);
+QELBASE_EXPORT QString FormatDouble(double value, int decimals, unsigned feetFlags = 0);
 
 // Writes an angle in degrees as degrees-minutes-seconds (flags 7), degrees and minutes (3)
 // or degrees (1), decimals (0..12) on the last field, as a latitude (kind 10), longitude
 // (11) or plain angle. Returns false and "" for other flags or a non-finite value.
-bool FormatGeogs(double value, unsigned flags, int decimals, int kind, QString& text,
+QELBASE_EXPORT bool FormatGeogs(double value, unsigned flags, int decimals, int kind, QString& text,
                  bool hemisphereLetter = true, bool symbols = true);
 
 // Reads an angle as FormatGeogs writes it or a surveyor types it (56°30'07.2" N,
 // 56 30 7.2 N, 56 30.12, S 56.502, -3.25). Unreadable text gives 0.0 and false.
-bool StringToGeo(const QString& text, double& value);
+QELBASE_EXPORT bool StringToGeo(const QString& text, double& value);
 
 // Reads a typed number (optional exponent, ',' as decimal point when there is no '.',
 // an ignored trailing unit such as "m") or feet and inches (12' 06.5"). Unreadable text
 // gives 0.0 and *ok = false.
-double StringToValue(const QString& text, bool* ok = nullptr);
+QELBASE_EXPORT double StringToValue(const QString& text, bool* ok = nullptr);

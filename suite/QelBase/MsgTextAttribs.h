@@ -1,11 +1,12 @@
 #pragma once
 // The text attributes of the message view: face, point size, style flags and colour.
 
+#include "QelBase/QelBaseExport.h"
 #include <QString>
 #include <QelBase/QelTypes.h>
 
 // Message-text attribute record; every field has its library-wide default.
-struct MSGTEXTATTRIBS
+struct QELBASE_EXPORT MSGTEXTATTRIBS
 {
     QString faceName = QStringLiteral("Arial");  // font face name
     int pointSize = 10;                           // size in points

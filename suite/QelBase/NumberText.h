@@ -9,11 +9,12 @@
 // 'e' without a digit after it is not part of the number: "2e" and "2e+" read as 2.
 // The integer form: [sign] decimal digits, or [sign] "0x"/"0X" and hexadecimal digits.
 
+#include "QelBase/QelBaseExport.h"
 #include <QStringView>
 #include <QtGlobal>
 
 // What ScanDecimal accepts.
-struct DecimalSyntax
+struct QELBASE_EXPORT DecimalSyntax
 {
     bool sign = true;          // a leading '+' or '-'
     bool minusSign = false;    // U+2212 MINUS SIGN counts as '-' (leading and in the exponent)
@@ -22,7 +23,7 @@ struct DecimalSyntax
 };
 
 // What ScanDecimal read.
-struct DecimalScan
+struct QELBASE_EXPORT DecimalScan
 {
     qsizetype length = 0;      // characters taken; 0 when no number starts the text
     double value = 0.0;        // the nearest double; +-infinity beyond the largest double,
@@ -34,20 +35,20 @@ struct DecimalScan
 
 // Reads the longest number of the form `syntax` describes at the very start of `text`
 // (blanks are not skipped). Never fails: no number gives length 0 and value 0.0.
-DecimalScan ScanDecimal(QStringView text, const DecimalSyntax& syntax = {});
+QELBASE_EXPORT DecimalScan ScanDecimal(QStringView text, const DecimalSyntax& syntax = {});
 
 // Whole-text reads, as files need them: blanks may surround the number, nothing else may.
 // Each returns false and leaves `value` untouched when the text is not such a number.
 //
 // A decimal number with an optional sign ('+', '-' or U+2212) and exponent within the range
 // of a double: "1e999" and "1e-999" are refused, subnormal values are kept.
-bool TextToDouble(QStringView text, double& value);
+QELBASE_EXPORT bool TextToDouble(QStringView text, double& value);
 // An integer (decimal or 0x hexadecimal, optional sign) within the range of the type.
-bool TextToInt(QStringView text, int& value);
-bool TextToInt64(QStringView text, qint64& value);
+QELBASE_EXPORT bool TextToInt(QStringView text, int& value);
+QELBASE_EXPORT bool TextToInt64(QStringView text, qint64& value);
 
 // The number a text starts with, as the C library's atof reads a typed field: leading blanks,
 // an optional '+' or '-', then the longest decimal number (exponent included); whatever
 // follows is ignored. A text without one, or a value beyond the range of a double (too large
 // or too small), gives 0.0.
-double LeadingNumber(QStringView text);
+QELBASE_EXPORT double LeadingNumber(QStringView text);

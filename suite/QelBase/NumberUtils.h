@@ -2,6 +2,7 @@
 // Number services: bearings from grid differences, the 1-2-5 step series, rounding and
 // tolerant comparison, and exact decimal rounding of doubles.
 
+#include "QelBase/QelBaseExport.h"
 #include <QString>
 
 #include <algorithm>
@@ -10,21 +11,21 @@
 
 // Bearing (degrees clockwise from grid north +y, in [0, 360), never 360) and distance
 // of the grid difference (dx, dy). A zero or non-finite difference gives 0 and 0.
-void XYToPolar(double dx, double dy, double& bearing, double& distance);
+QELBASE_EXPORT void XYToPolar(double dx, double dy, double& bearing, double& distance);
 
 // The nearest member of the 1-2-5 series (... 0.1, 0.2, 0.5, 1, 2, 5, 10 ...) to a positive
 // finite value, nearest in linear distance within its decade, ties going up; else 0.0.
-double Double125(double value);
+QELBASE_EXPORT double Double125(double value);
 
 // Rounds half away from zero to a long, clamped to the range of long; NaN gives 0.
-long RoundDouble(double value);
+QELBASE_EXPORT long RoundDouble(double value);
 
 // Rounds half away from zero to decimals (clamped to 0..15) on the value's shortest
 // decimal form, so 2.675 gives 2.68; a non-finite value gives 0.0.
-double RoundToDecimals(double value, int decimals);
+QELBASE_EXPORT double RoundToDecimals(double value, int decimals);
 
 // Tolerance for comparing two doubles of this magnitude: max(|magnitude|, 1) * 1e-9.
-double Epsilon(double magnitude);
+QELBASE_EXPORT double Epsilon(double magnitude);
 
 // True when a and b differ by no more than the tolerance for the larger magnitude.
 inline bool AlmostEqual(double a, double b)
@@ -36,7 +37,7 @@ inline bool AlmostEqual(double a, double b)
 
 // A finite double held as its shortest round-trip decimal digits, for rounding, scaling
 // and fixed-point text without binary artefacts (0.1 * 3600 is exactly 360 here).
-class DecimalNumber
+class QELBASE_EXPORT DecimalNumber
 {
 public:
     // Zero.

@@ -1,7 +1,9 @@
 #pragma once
 // A position in project grid units: x east, y north (grid north), z height or depth.
 
-struct Point
+#include "QelBase/QelBaseExport.h"
+
+struct QELBASE_EXPORT Point
 {
     double x = 0;
     double y = 0;

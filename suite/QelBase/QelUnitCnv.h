@@ -23,6 +23,7 @@
 //   Percent                                               percent
 //   No Units                                              the value itself
 
+#include "QelBase/QelBaseExport.h"
 #include <QList>
 #include <QString>
 
@@ -34,7 +35,7 @@ class FileObject;
 
 // One unit of the catalogue. `key` is the ASCII name used in files ("ft"), `name` the readable
 // name ("International foot"), `mnemonic` the abbreviation shown behind values ("ft").
-struct UnitInfo
+struct QELBASE_EXPORT UnitInfo
 {
     QString key;
     QString name;
@@ -43,7 +44,7 @@ struct UnitInfo
     double offset = 0.0;
 };
 
-class CQelUnitCnv
+class QELBASE_EXPORT CQelUnitCnv
 {
 public:
     // Every kind on its default unit (lengths in metres, speed in m/sec, weight in tonnes,

@@ -2,6 +2,7 @@
 // The unit kinds of the suite and their category names. The kind is the index the unit
 // converter (CQelUnitCnv) takes; the names are the keys of the units section of a project.
 
+#include "QelBase/QelBaseExport.h"
 #include <QString>
 
 #include <array>
@@ -28,7 +29,7 @@ inline constexpr std::array<const char*, kUnitKindCount> kUnitCategoryNames = {
     "Datum Transformation Rotation Units", "Percent Units"};
 
 // The category name of a unit kind ("Distance Units" for 3); empty for a kind out of range.
-QString UnitCategoryName(int kind);
+QELBASE_EXPORT QString UnitCategoryName(int kind);
 
 // The unit kind of a category name (case-insensitive, blanks around it ignored); -1 when unknown.
-int UnitKindFromName(const QString& name);
+QELBASE_EXPORT int UnitKindFromName(const QString& name);

@@ -2,9 +2,10 @@
 // The base of the suite's dialogs: a dialog identified by its template number, with an optional
 // size grip, a hook called after every resize, and the largest font that fits a control.
 
+#include "QelConfigure/QelConfigureExport.h"
 #include <QDialog>
 
-class BaseDlg : public QDialog
+class QELCONFIGURE_EXPORT BaseDlg : public QDialog
 {
     Q_OBJECT
 public:

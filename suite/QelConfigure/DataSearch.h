@@ -22,6 +22,7 @@
 //   25 colour table "<name>.ctb"      60 colour map "<name>.cmap"
 // Support-file folders (GetFilePath): 84 the common Bitmaps folder.
 
+#include "QelConfigure/QelConfigureExport.h"
 #include <QString>
 #include <QStringList>
 
@@ -30,7 +31,7 @@
 class ProjectDefinition;
 class QelIniFile_IO;
 
-class DataSearch
+class QELCONFIGURE_EXPORT DataSearch
 {
 public:
     // Data-folder kinds.

@@ -3,6 +3,7 @@
 // intercept them: a request describes the dialog, RunFileDialog shows it (or hands it to the
 // installed hook).
 
+#include "QelConfigure/QelConfigureExport.h"
 #include <QString>
 #include <QStringList>
 
@@ -18,7 +19,7 @@ constexpr quint32 OFN_FILEMUSTEXIST = 0x1000;
 constexpr quint32 OFN_EXPLORER = 0x80000;
 } // namespace FileDialogFlags
 
-struct FileDialogRequest
+struct QELCONFIGURE_EXPORT FileDialogRequest
 {
     enum Mode : int { Open, Save, OpenMultiple };
     Mode mode = Open;
@@ -34,16 +35,16 @@ struct FileDialogRequest
 // The Qt name filters of a suite filter text: "Bitmap File (*.bmp)|*.bmp||" gives
 // {"Bitmap File (*.bmp)"}, a pattern list "*.jpg;*.jpeg" becomes "(*.jpg *.jpeg)". Malformed
 // text (odd number of fields, empty description or pattern) gives an empty list.
-QStringList QtNameFilters(const QString& suiteFilter);
+QELCONFIGURE_EXPORT QStringList QtNameFilters(const QString& suiteFilter);
 
 // Receives every request instead of the real dialog; fills `chosen` and returns true on OK.
 using FileDialogHook = std::function<bool(const FileDialogRequest&, QStringList& chosen)>;
 
 // Installs a hook (empty: the real dialog again).
-void SetFileDialogHook(FileDialogHook hook);
+QELCONFIGURE_EXPORT void SetFileDialogHook(FileDialogHook hook);
 
 // Shows the dialog (a Qt file dialog that follows the application palette): overwrite prompt
 // only with OFN_OVERWRITEPROMPT, existing files only in Open modes or with OFN_FILEMUSTEXIST,
 // several files only in OpenMultiple. True on OK with at least one file, `chosen` holding the
 // full paths; false (and `chosen` empty) on cancel.
-bool RunFileDialog(const FileDialogRequest& request, QStringList& chosen);
+QELCONFIGURE_EXPORT bool RunFileDialog(const FileDialogRequest& request, QStringList& chosen);

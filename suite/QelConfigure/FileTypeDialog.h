@@ -3,11 +3,12 @@
 // filter, its data folder as the start folder, an open or a save dialog. Shown through
 // RunFileDialog, so hooks see it.
 
+#include "QelConfigure/QelConfigureExport.h"
 #include <QString>
 
 class QWidget;
 
-class FileTypeDialog
+class QELCONFIGURE_EXPORT FileTypeDialog
 {
 public:
     // A dialog for the data type `fileType`; `save` makes it a save dialog (overwrite prompt,

@@ -12,13 +12,14 @@
 //   [Options]      free-form options of the applications (e.g. AutoShowAlerts)
 // Everything else in the file is kept as it is when the project is saved.
 
+#include "QelConfigure/QelConfigureExport.h"
 #include <QelBase/FileObject.h>
 #include <QelBase/QelUnitCnv.h>
 #include <QelConfigure/QelGeoCoordSysBase.h>
 
 #include <memory>
 
-class ProjectDefinition : public FileObject
+class QELCONFIGURE_EXPORT ProjectDefinition : public FileObject
 {
 public:
     enum coord_format : int { COORD_GRID = 1, COORD_GEOGRAPHIC = 2 };

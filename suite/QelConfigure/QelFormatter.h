@@ -1,12 +1,13 @@
 #pragma once
 // Texts of bearings, depths and distances in a project's units and decimals.
 
+#include "QelConfigure/QelConfigureExport.h"
 #include <QString>
 
 class ProjectDefinition;
 class CQelUnitCnv;
 
-class QelFormatter
+class QELCONFIGURE_EXPORT QelFormatter
 {
 public:
     // Formats for `project`; null: the project open in DataSearch at each call, or the

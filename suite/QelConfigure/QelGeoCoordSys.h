@@ -4,11 +4,12 @@
 // grid coordinates are (easting, northing) in the CRS's own linear unit, whatever the axis
 // order of the CRS. Every operation is thread-safe (one PROJ context per object, locked).
 
+#include "QelConfigure/QelConfigureExport.h"
 #include <QelConfigure/QelGeoCoordSysBase.h>
 
 #include <memory>
 
-class QelGeoCoordSys : public QelGeoCoordSysBase
+class QELCONFIGURE_EXPORT QelGeoCoordSys : public QelGeoCoordSysBase
 {
 public:
     // Makes a coordinate system from any PROJ definition of a projected CRS ("EPSG:32631",

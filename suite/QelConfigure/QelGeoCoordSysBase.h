@@ -2,9 +2,10 @@
 // The interface through which the suite converts between a project's geographic and grid
 // coordinates and corrects grid distances by the projection's scale factor.
 
+#include "QelConfigure/QelConfigureExport.h"
 #include <QString>
 
-class QelGeoCoordSysBase
+class QELCONFIGURE_EXPORT QelGeoCoordSysBase
 {
 public:
     virtual ~QelGeoCoordSysBase();

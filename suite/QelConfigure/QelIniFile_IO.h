@@ -7,6 +7,7 @@
 // Keys: Projects/Path, Projects/Current, Projects/CommonPath, Projects/UseDefaultCommonPath;
 // free values under <section>/<key>.
 
+#include "QelConfigure/QelConfigureExport.h"
 #include <QString>
 
 #include <memory>
@@ -14,7 +15,7 @@
 class QSettings;
 class QVariant;
 
-class QelIniFile_IO
+class QELCONFIGURE_EXPORT QelIniFile_IO
 {
 public:
     // The user's suite settings.

@@ -5,11 +5,12 @@
 // with internal = value * factor + offset (factor in internal units per unit, e.g. metres).
 // Groups: 1 speed, 2 distance, 3 angle, 4 volume, 5 area, 6 temperature.
 
+#include "QelConfigure/QelConfigureExport.h"
 #include <QelBase/FileObject.h>
 
 #include <QList>
 
-class UnitDefinition : public FileObject
+class QELCONFIGURE_EXPORT UnitDefinition : public FileObject
 {
 public:
     // Well-known groups of the units file.

@@ -2,6 +2,7 @@
 // Publish/subscribe of the suite: notifications posted by code and key, from any thread, are
 // delivered later on the user-interface thread to every subscriber of the key.
 
+#include "QelSubscriber/QelSubscriberExport.h"
 #include <QHash>
 #include <mutex>
 #include <QPointer>
@@ -29,7 +30,7 @@ constexpr int PROJECT_CHANGED = 9;
 class SubscriptionManager;
 
 // Base for objects that want to hear of notifications; unsubscribes itself when destroyed.
-class Subscriber {
+class QELSUBSCRIBER_EXPORT Subscriber {
 public:
     Subscriber() = default;
     Subscriber(const Subscriber&) = delete;
@@ -48,7 +49,7 @@ private:
     QHash<QString, int> m_ids;
 };
 
-class SubscriptionManager {
+class QELSUBSCRIBER_EXPORT SubscriptionManager {
 public:
     using Handler = std::function<void(int code, const QString& key)>;
 

@@ -1,6 +1,7 @@
 #pragma once
 // Vertical bar meter of the distance travelled along the run line.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QelBase/QelTypes.h>
 
 class QPainter;
@@ -15,7 +16,7 @@ class QRect;
 // rect.height()). Both colours are converted by the display's colour mode each time the meter
 // paints. With a range that is not a positive finite number Draw paints nothing; a NaN value
 // counts as 0.
-class DistOnRlineMeter
+class QELMFC0_EXPORT DistOnRlineMeter
 {
 public:
     // Colours, range and value all 0.

@@ -1,6 +1,7 @@
 #pragma once
 // Horizontal bar meter of the off-track (cross-track) distance, painted by a navigation view.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QString>
 #include <QelBase/QelTypes.h>
 
@@ -26,7 +27,7 @@ class QWidget;
 //
 // Bad settings never crash or hang: with a range that is not a positive finite number, or a
 // tick-interval count below 1, Draw paints nothing. A NaN value or tolerance counts as 0.
-class OffrackMeter
+class QELMFC0_EXPORT OffrackMeter
 {
 public:
     // Height of the tick marks in pixels.

@@ -29,6 +29,7 @@
 // the pane is filled; with a layer index outside the layers (when there are more than one)
 // or an empty rectangle, nothing at all is drawn and no point lies in the gauge.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QImage>
 #include <QPainterPath>
 #include <QPoint>
@@ -41,7 +42,7 @@ class CAttributeMap;
 class QFontMetrics;
 class QPainter;
 
-class UpDownIndicator
+class QELMFC0_EXPORT UpDownIndicator
 {
 public:
     // Marker modes ("ShowMinMaxMarker").

@@ -5,6 +5,7 @@
 // The dialog is complete after construction; Enter and Escape never close it.
 
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QelBase/Point.h>
 #include <QelMfc0/dialogs/measure/MeasureDlgBase.h>
 
@@ -14,7 +15,7 @@ class FileObject;
 class QLabel;
 class QLineEdit;
 
-class CMeasureBrgDistDlg : public MeasureDlgBase
+class QELMFC0_EXPORT CMeasureBrgDistDlg : public MeasureDlgBase
 {
     Q_OBJECT
 public:

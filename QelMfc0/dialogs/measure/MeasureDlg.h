@@ -7,6 +7,7 @@
 // Enter and Escape never close it, the window's close button does.
 
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QelBase/Point.h>
 #include <QelMfc0/dialogs/measure/MeasureDlgBase.h>
 
@@ -17,7 +18,7 @@ class FileObject;
 class QLabel;
 class QLineEdit;
 
-class CMeasureDlg : public MeasureDlgBase
+class QELMFC0_EXPORT CMeasureDlg : public MeasureDlgBase
 {
     Q_OBJECT
 public:

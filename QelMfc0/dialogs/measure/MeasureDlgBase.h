@@ -3,6 +3,7 @@
 // Escape never close, placed at the parent's corner, whose size is kept in the host's
 // configuration file and whose fonts follow their size.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QelConfigure/BaseDlg.h>
 #include <QelMfc0/dialogs/measure/MeasureSupport.h>
 
@@ -13,7 +14,7 @@ class CCoordinateCtrl;
 class DistanceCtrl;
 class FileObject;
 
-class MeasureDlgBase : public BaseDlg
+class QELMFC0_EXPORT MeasureDlgBase : public BaseDlg
 {
     Q_OBJECT
 public:

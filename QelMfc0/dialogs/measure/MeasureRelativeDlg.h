@@ -7,6 +7,7 @@
 // The dialog is complete after construction; Enter and Escape never close it.
 
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QelBase/Point.h>
 #include <QelMfc0/dialogs/measure/MeasureDlgBase.h>
 
@@ -18,7 +19,7 @@ class DistanceCtrl;
 class FileObject;
 class QLabel;
 
-class MeasureRelativeDlg : public MeasureDlgBase
+class QELMFC0_EXPORT MeasureRelativeDlg : public MeasureDlgBase
 {
     Q_OBJECT
 public:

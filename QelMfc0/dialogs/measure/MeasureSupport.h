@@ -3,6 +3,7 @@
 // (kept in the host's attribute map), the window size kept in a configuration file, the place
 // at the parent's corner, the swallowing of Enter and Escape, and the scaled "Arial" fonts.
 
+#include "QelMfc0/QelMfc0Export.h"
 #include <QelBase/Point.h>
 
 #include <QPoint>
@@ -18,7 +19,7 @@ class QLabel;
 class QLineEdit;
 class QWidget;
 
-class MeasureSupport
+class QELMFC0_EXPORT MeasureSupport
 {
 public:
     // A position of the host taken across a project switch: read in the closing project's
