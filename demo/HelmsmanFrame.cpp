@@ -20,11 +20,6 @@
 
 namespace {
 
-QString Tr(const char* text)
-{
-    return QCoreApplication::translate("HelmsmanFrame", text);
-}
-
 struct GaugeSetup {
     const char* title;
     double axisMin, axisMax;
@@ -146,7 +141,7 @@ HelmsmanFrame::HelmsmanFrame()
         attributes.SetAttribValue(ATTR_YAXISRANGE, QPair<double, double>(kGauges[i].axisMin, kGauges[i].axisMax));
         attributes.SetAttribValue(UpDownIndicator::ATTR_SHOWMINMAXMARKER, UpDownIndicator::MARKERS_PROGRAM);
         gauge.LoadAttributes(attributes);
-        gauge.SetItemName(Tr("dashed: lowest and highest since reset"));
+        gauge.SetItemName(tr("dashed: lowest and highest since reset"));
         gauge.SetRefValue(kGauges[i].reference);
         gauge.ShowResetButton(true);
     }
@@ -262,10 +257,10 @@ void HelmsmanFrame::PaintOffTrack(QPainter* painter, const QRect& area)
     painter->setPen(Mode(kInk));
     painter->setFont(TitleFont(painter));
     const QRect titleRow(bar.left(), area.top() + kGap, bar.width(), TitleHeight());
-    painter->drawText(titleRow, Qt::AlignHCenter | Qt::AlignVCenter, Tr("Off track (%1)").arg(UnitOf(UNIT_DISTANCE)));
+    painter->drawText(titleRow, Qt::AlignHCenter | Qt::AlignVCenter, tr("Off track (%1)").arg(UnitOf(UNIT_DISTANCE)));
     painter->setFont(SmallFont(painter));
-    painter->drawText(titleRow, Qt::AlignLeft | Qt::AlignVCenter, Tr("\u25C0 left of the line"));
-    painter->drawText(titleRow, Qt::AlignRight | Qt::AlignVCenter, Tr("right of the line \u25B6"));
+    painter->drawText(titleRow, Qt::AlignLeft | Qt::AlignVCenter, tr("\u25C0 left of the line"));
+    painter->drawText(titleRow, Qt::AlignRight | Qt::AlignVCenter, tr("right of the line \u25B6"));
 
     // The fitted range depends only on the width, the unit and the decimals: worked out again
     // when one of them changes.
@@ -302,7 +297,7 @@ void HelmsmanFrame::PaintDistance(QPainter* painter, const QRect& area)
     painter->setFont(TitleFont(painter));
     const int labelWidth = 64;
     const QRect column(strip.right() - kStripWidth - labelWidth, area.top() + kGap, labelWidth + kStripWidth + 1, TitleHeight());
-    painter->drawText(column, Qt::AlignRight | Qt::AlignVCenter, Tr("Along line"));
+    painter->drawText(column, Qt::AlignRight | Qt::AlignVCenter, tr("Along line"));
     painter->drawText(column.translated(0, TitleHeight()), Qt::AlignRight | Qt::AlignVCenter, QStringLiteral("(%1)").arg(UnitOf(UNIT_DISTANCE)));
 
     m_distance.Draw(painter, strip);
@@ -343,7 +338,7 @@ void HelmsmanFrame::PaintGauges(QPainter* painter, const QRect& area)
         painter->setPen(Mode(kInk));
         painter->setFont(TitleFont(painter));
         painter->drawText(QRect(gauge.left(), gauge.top() - TitleHeight() - 4, gauge.width(), TitleHeight()), Qt::AlignHCenter | Qt::AlignBottom,
-                          Tr("%1 (%2)").arg(Tr(kGauges[i].title), unit));
+                          tr("%1 (%2)").arg(tr(kGauges[i].title), unit));
         // Texts are drawn on their own cells, as in a device context, so that the band's
         // dashed lines pass under the value rather than through it.
         painter->save();
@@ -371,13 +366,13 @@ QString HelmsmanFrame::ToolTipAt(const QPoint& point) const
         return QString();
     for (int i = 0; i < kGaugeCount; ++i)
         if (m_gauges[size_t(i)].CheckResetBtn(point))
-            return Tr("Reset the %1 band: the dashed lowest and highest lines start again from the current value").arg(Tr(kGauges[i].title).toLower());
+            return tr("Reset the %1 band: the dashed lowest and highest lines start again from the current value").arg(tr(kGauges[i].title).toLower());
     for (int i = 0; i < kGaugeCount; ++i)
         if (GaugeRect(m_lastArea, i).contains(point))
-            return Tr("%1: the bar runs from the reference to the current value; between the dashed lines it is green").arg(Tr(kGauges[i].title));
+            return tr("%1: the bar runs from the reference to the current value; between the dashed lines it is green").arg(tr(kGauges[i].title));
     if (OffTrackRect(m_lastArea).adjusted(0, 0, 0, MeterTextHeight()).contains(point))
-        return Tr("Distance from the run line; the wedges mark the tolerance");
+        return tr("Distance from the run line; the wedges mark the tolerance");
     if (DistanceRect(m_lastArea).contains(point))
-        return Tr("Distance sailed along the run line");
+        return tr("Distance sailed along the run line");
     return QString();
 }

@@ -6,6 +6,7 @@
 
 #include "VesselSimulator.h"
 
+#include <QCoreApplication>
 #include <QRect>
 #include <QString>
 #include <QelMfc0/controls/indicators/DistOnRlineMeter.h>
@@ -16,6 +17,8 @@
 class QPainter;
 
 class HelmsmanFrame {
+    Q_DECLARE_TR_FUNCTIONS(HelmsmanFrame)
+
 public:
     static constexpr int kGaugeCount = 3;
 

@@ -3,7 +3,10 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QLibraryInfo>
+#include <QLocale>
 #include <QSocketNotifier>
+#include <QTranslator>
 #include <QelBase/UnitCategories.h>
 #include <QelConfigure/DataSearch.h>
 #include <QelConfigure/ProjectDefinition.h>
@@ -19,9 +22,12 @@
 
 namespace {
 
-QString Tr(const char* text)
+const QString kTranslations = QStringLiteral(":/QelGallery/translations");
+
+// The language part of a locale name: "nl" of "nl_BE", "nl-NL" or "NL".
+QString LanguageOf(const QString& name)
 {
-    return QCoreApplication::translate("StartUp", text);
+    return name.section(QLatin1Char('_'), 0, 0).section(QLatin1Char('-'), 0, 0).toLower();
 }
 
 #if defined(Q_OS_UNIX)
@@ -63,6 +69,53 @@ bool ChooseHeadlessPlatform(int argc, char** argv)
     return windowless || display;
 }
 
+QString RequestedLanguage(int argc, char** argv)
+{
+    QString language;
+    for (int i = 1; i < argc; ++i) {
+        const char* arg = argv[i];
+        if (std::strcmp(arg, "--language") == 0 && i + 1 < argc)
+            language = QString::fromLocal8Bit(argv[++i]);
+        else if (std::strncmp(arg, "--language=", 11) == 0)
+            language = QString::fromLocal8Bit(arg + 11);
+    }
+    return language;
+}
+
+QStringList AvailableLanguages()
+{
+    QStringList languages { QStringLiteral("en") };
+    const QString prefix = QStringLiteral("QelGallery_");
+    for (const QString& file : QDir(kTranslations).entryList({ prefix + QStringLiteral("*.qm") }, QDir::Files, QDir::Name))
+        languages << file.mid(prefix.size()).chopped(3);
+    return languages;
+}
+
+bool IsAvailableLanguage(const QString& language)
+{
+    return !language.isEmpty() && AvailableLanguages().contains(LanguageOf(language));
+}
+
+QString TranslateBeforeStart(const char* text)
+{
+    QTranslator gallery;
+    QString translated;
+    if (gallery.load(QLocale(), QStringLiteral("QelGallery"), QStringLiteral("_"), kTranslations))
+        translated = gallery.translate("QelGallery", text);
+    return translated.isEmpty() ? QString::fromUtf8(text) : translated;
+}
+
+void InstallTranslators(QCoreApplication* app)
+{
+    const QLocale locale;
+    auto* qt = new QTranslator(app);
+    if (qt->load(locale, QStringLiteral("qtbase"), QStringLiteral("_"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(qt);
+    auto* gallery = new QTranslator(app);
+    if (gallery->load(locale, QStringLiteral("QelGallery"), QStringLiteral("_"), kTranslations))
+        QCoreApplication::installTranslator(gallery);
+}
+
 void QuitOnTerminationSignals(QCoreApplication* app)
 {
 #if defined(Q_OS_UNIX)
@@ -90,20 +143,20 @@ QString OpenProjectProblem()
     const DataSearch& search = DataSearch::GetDataSearch();
     const ProjectDefinition* project = search.GetProjectDefinition();
     if (!project)
-        return Tr("no project is open");
+        return QCoreApplication::translate("StartUp", "no project is open");
     const QString path = search.GetFullPath(DataSearch::TYPE_UNITS);
     UnitDefinition units;
     if (path.isEmpty() || !QFileInfo(path).isFile() || !units.FileOpen(path, FileObject::OPEN_READ))
-        return Tr("the unit file %1 is missing or cannot be read").arg(QDir::toNativeSeparators(path));
+        return QCoreApplication::translate("StartUp", "the unit file %1 is missing or cannot be read").arg(QDir::toNativeSeparators(path));
     const QList<UnitDefinition::Item> distances = units.GetGroupItems(UnitDefinition::GROUP_DISTANCE);
     if (distances.isEmpty())
-        return Tr("the unit file %1 lists no distance units").arg(QDir::toNativeSeparators(path));
+        return QCoreApplication::translate("StartUp", "the unit file %1 lists no distance units").arg(QDir::toNativeSeparators(path));
     // Distances are shown in the project's own unit, which the unit file must offer.
     const QString key = project->GetUnitCnv().GetUnitKey(UNIT_SYSTEM);
     for (const UnitDefinition::Item& item : distances)
         if (item.key == key)
             return QString();
-    return Tr("the unit file %1 does not offer the project's unit \"%2\"").arg(QDir::toNativeSeparators(path), key);
+    return QCoreApplication::translate("StartUp", "the unit file %1 does not offer the project's unit \"%2\"").arg(QDir::toNativeSeparators(path), key);
 }
 
 } // namespace StartUp

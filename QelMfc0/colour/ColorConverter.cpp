@@ -1,5 +1,6 @@
 #include "QelMfc0/colour/ColorConverter.h"
 
+#include <QCoreApplication>
 #include <QelBase/FileObject.h>
 #include <QelMfc0/colour/ColorMap.h>
 #include <algorithm>
@@ -38,7 +39,7 @@ bool ColorConverter::Load(const FileObject& file, QStringList* errors)
     const QString factorKeys[3] = { kRedKey, kGreenKey, kBlueKey };
     const auto report = [&](const QString& key, const QString& value, const char* problem) {
         if (errors)
-            errors->append(ColorMap::EntryError(kSection, key, value, QString::fromLatin1(problem)));
+            errors->append(ColorMap::EntryError(kSection, key, value, QCoreApplication::translate("ColorConverter", problem)));
     };
     // The first entry of a key counts, as in the file object's typed reads.
     QStringList seen;
@@ -53,14 +54,14 @@ bool ColorConverter::Load(const FileObject& file, QStringList* errors)
         if (factor != std::end(factorKeys)) {
             double& target = factors[factor - std::begin(factorKeys)];
             if (!FileObject::ParseDouble(value, target))
-                report(key, value, "not a number; the factor stays 1.0");
+                report(key, value, QT_TRANSLATE_NOOP("ColorConverter", "not a number; the factor stays 1.0"));
             else if (UsableFactor(target) != target)
-                report(key, value, "a negative factor counts as 1.0");
+                report(key, value, QT_TRANSLATE_NOOP("ColorConverter", "a negative factor counts as 1.0"));
         } else if (kInvertKey.compare(key, Qt::CaseInsensitive) == 0) {
             if (!FileObject::ParseBool(value, invert))
-                report(key, value, "not 1/0, true/false, yes/no or on/off; no inversion");
+                report(key, value, QT_TRANSLATE_NOOP("ColorConverter", "not 1/0, true/false, yes/no or on/off; no inversion"));
         } else {
-            report(key, value, "unknown key; ignored");
+            report(key, value, QT_TRANSLATE_NOOP("ColorConverter", "unknown key; ignored"));
         }
     }
     SetParameters(factors[0], factors[1], factors[2], invert);

@@ -1,5 +1,6 @@
 #include "QelMfc0/colour/ColorMap.h"
 
+#include <QCoreApplication>
 #include <QelBase/FileObject.h>
 #include <QelBase/NumberText.h>
 #include <QelMfc0/colour/ApplicationPalette.h>
@@ -60,25 +61,25 @@ void ColorMap::Load(const FileObject& file)
         const QString& key = entry.first;
         const QString value = StripComment(entry.second);
         const auto report = [&](const char* problem) {
-            m_errors.append(EntryError(kQelColorsSection, key, value, QString::fromLatin1(problem)));
+            m_errors.append(EntryError(kQelColorsSection, key, value, QCoreApplication::translate("ColorMap", problem)));
         };
         qsizetype keyEnd = 0, valueEnd = 0;
         qint64 from = 0, to = 0;
         if (!ReadInteger(key, keyEnd, from)) {
-            report("the colour to replace is no 32-bit number; entry skipped");
+            report(QT_TRANSLATE_NOOP("ColorMap", "the colour to replace is no 32-bit number; entry skipped"));
             continue;
         }
         if (!ReadInteger(value, valueEnd, to)) {
-            report("the replacement is no 32-bit number; entry skipped");
+            report(QT_TRANSLATE_NOOP("ColorMap", "the replacement is no 32-bit number; entry skipped"));
             continue;
         }
         if (!OnlyBlanksFrom(key, keyEnd) || !OnlyBlanksFrom(value, valueEnd))
-            report("text after a number is ignored");
+            report(QT_TRANSLATE_NOOP("ColorMap", "text after a number is ignored"));
         const COLORREF color = COLORREF(quint32(from));
         const auto at = std::lower_bound(m_substitutions.begin(), m_substitutions.end(), color,
                                          [](const auto& entry, COLORREF c) { return entry.first < c; });
         if (at != m_substitutions.end() && at->first == color) {
-            report("the colour is listed earlier, whose entry is used");
+            report(QT_TRANSLATE_NOOP("ColorMap", "the colour is listed earlier, whose entry is used"));
             continue;
         }
         m_substitutions.insert(at, { color, COLORREF(quint32(to)) });
@@ -89,26 +90,26 @@ void ColorMap::Load(const FileObject& file)
         const QString& name = entry.first;
         const QString value = StripComment(entry.second);
         const auto report = [&](const char* problem) {
-            m_errors.append(EntryError(kWinColorsSection, name, value, QString::fromLatin1(problem)));
+            m_errors.append(EntryError(kWinColorsSection, name, value, QCoreApplication::translate("ColorMap", problem)));
         };
         if (WindowsColorMap::IndexOf(name) < 0) {
-            report("no system colour of that name; entry skipped");
+            report(QT_TRANSLATE_NOOP("ColorMap", "no system colour of that name; entry skipped"));
             continue;
         }
         qsizetype pos = 0;
         qint64 rgb[3] = {};
         if (!ReadInteger(value, pos, rgb[0]) || !ReadInteger(value, pos, rgb[1])
             || !ReadInteger(value, pos, rgb[2])) {
-            report("not three numbers red green blue; entry skipped");
+            report(QT_TRANSLATE_NOOP("ColorMap", "not three numbers red green blue; entry skipped"));
             continue;
         }
         if (!OnlyBlanksFrom(value, pos))
-            report("text after the third number is ignored");
+            report(QT_TRANSLATE_NOOP("ColorMap", "text after the third number is ignored"));
         if (std::any_of(std::begin(rgb), std::end(rgb), [](qint64 c) { return c < 0 || c > 255; }))
-            report("a component outside 0..255 is taken modulo 256");
+            report(QT_TRANSLATE_NOOP("ColorMap", "a component outside 0..255 is taken modulo 256"));
         COLORREF earlier = 0;
         if (m_fileColors.Get(name, earlier))
-            report("the name is listed earlier; this later entry is used");
+            report(QT_TRANSLATE_NOOP("ColorMap", "the name is listed earlier; this later entry is used"));
         m_fileColors.Set(name, RGB(int(rgb[0] & 0xFF), int(rgb[1] & 0xFF), int(rgb[2] & 0xFF)));
     }
 }

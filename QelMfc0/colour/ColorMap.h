@@ -32,7 +32,7 @@ public:
     // Forgets the substitutions, the file's system colours and the errors.
     void Clear();
     // What the last Load skipped or read only in part, one line per entry:
-    // "[SECTION] key = value: what is wrong".
+    // "[SECTION] key = value: what is wrong", the last part in the user's language.
     const QStringList& GetErrors() const;
 
     // The value of a colour-map entry without a trailing comment (from the first ';' or '#')

@@ -19,10 +19,12 @@ struct Swatch {
 
 // Colours the suite's displays use most.
 const Swatch kSwatches[] = {
-    { "white", RGB(255, 255, 255) }, { "light grey", RGB(211, 211, 211) }, { "grey", RGB(128, 128, 128) },
-    { "black", RGB(0, 0, 0) },       { "red", RGB(255, 0, 0) },             { "green", RGB(0, 255, 0) },
-    { "blue", RGB(0, 0, 255) },      { "yellow", RGB(255, 255, 0) },        { "orange", RGB(255, 128, 0) },
-    { "cyan", RGB(0, 255, 255) },    { "magenta", RGB(255, 0, 255) },       { "sea blue", RGB(60, 120, 190) },
+    { QT_TRANSLATE_NOOP("ColourModesPage", "white"), RGB(255, 255, 255) }, { QT_TRANSLATE_NOOP("ColourModesPage", "light grey"), RGB(211, 211, 211) },
+    { QT_TRANSLATE_NOOP("ColourModesPage", "grey"), RGB(128, 128, 128) }, { QT_TRANSLATE_NOOP("ColourModesPage", "black"), RGB(0, 0, 0) },
+    { QT_TRANSLATE_NOOP("ColourModesPage", "red"), RGB(255, 0, 0) }, { QT_TRANSLATE_NOOP("ColourModesPage", "green"), RGB(0, 255, 0) },
+    { QT_TRANSLATE_NOOP("ColourModesPage", "blue"), RGB(0, 0, 255) }, { QT_TRANSLATE_NOOP("ColourModesPage", "yellow"), RGB(255, 255, 0) },
+    { QT_TRANSLATE_NOOP("ColourModesPage", "orange"), RGB(255, 128, 0) }, { QT_TRANSLATE_NOOP("ColourModesPage", "cyan"), RGB(0, 255, 255) },
+    { QT_TRANSLATE_NOOP("ColourModesPage", "magenta"), RGB(255, 0, 255) }, { QT_TRANSLATE_NOOP("ColourModesPage", "sea blue"), RGB(60, 120, 190) },
 };
 
 // A small chart: sea depths in bands, a coastline, a run line and the vessel.
@@ -95,7 +97,7 @@ void ColourModesPage::paintEvent(QPaintEvent*)
     };
     std::vector<Row> rows = { { "GetColor", [&](COLORREF c) { return colors.GetColor(c, false); } } };
     if (reference) {
-        rows.insert(rows.begin(), { "defined", [](COLORREF c) { return c; } });
+        rows.insert(rows.begin(), { QT_TR_NOOP("defined"), [](COLORREF c) { return c; } });
         rows.push_back({ "GetGrayColor", [&](COLORREF c) { return colors.GetGrayColor(c); } });
         rows.push_back({ "ColorMapper", [](COLORREF c) { return ColorMapper().Map(c); } });
     }
@@ -118,7 +120,7 @@ void ColourModesPage::paintEvent(QPaintEvent*)
     // defined and as a disabled image.
     std::vector<std::pair<const char*, QImage>> pictures;
     if (reference)
-        pictures.emplace_back("picture as defined", m_picture);
+        pictures.emplace_back(QT_TR_NOOP("picture as defined"), m_picture);
     pictures.emplace_back("RemapBitmap", m_picture);
     colors.RemapBitmap(pictures.back().second);
     if (reference) {

@@ -11,6 +11,7 @@
 #include <QelMfc0/drawing/QelPen.h>
 #include <QelSubscriber/SubscriptionManager.h>
 
+#include <QCoreApplication>
 #include <QPainter>
 #include <QStringList>
 
@@ -47,9 +48,15 @@ void ToMode(QImage& image)
     }
 }
 
-const char* const kBrushNames[] = {"hollow",        "solid",      "diagonal /", "diagonal \\",
-                                   "diagonal cross", "horizontal", "vertical",   "cross"};
-const char* const kPenNames[] = {"0 solid", "1 dash", "2 dot", "3 dash-dot", "4 dash-dot-dot"};
+const char* const kBrushNames[] = {
+    QT_TRANSLATE_NOOP("DrawingHelpersPage", "hollow"),     QT_TRANSLATE_NOOP("DrawingHelpersPage", "solid"),
+    QT_TRANSLATE_NOOP("DrawingHelpersPage", "diagonal /"), QT_TRANSLATE_NOOP("DrawingHelpersPage", "diagonal \\"),
+    QT_TRANSLATE_NOOP("DrawingHelpersPage", "diagonal cross"), QT_TRANSLATE_NOOP("DrawingHelpersPage", "horizontal"),
+    QT_TRANSLATE_NOOP("DrawingHelpersPage", "vertical"),   QT_TRANSLATE_NOOP("DrawingHelpersPage", "cross")};
+const char* const kPenNames[] = {
+    QT_TRANSLATE_NOOP("DrawingHelpersPage", "0 solid"), QT_TRANSLATE_NOOP("DrawingHelpersPage", "1 dash"),
+    QT_TRANSLATE_NOOP("DrawingHelpersPage", "2 dot"), QT_TRANSLATE_NOOP("DrawingHelpersPage", "3 dash-dot"),
+    QT_TRANSLATE_NOOP("DrawingHelpersPage", "4 dash-dot-dot")};
 
 // A label font for the card: the library's default face at a point size.
 PECFont labelFont(const QPaintDevice* dc, int size, bool bold = false)
@@ -62,7 +69,7 @@ PECFont labelFont(const QPaintDevice* dc, int size, bool bold = false)
 QString patternText(const QVector<qreal>& pattern)
 {
     if (pattern.isEmpty())
-        return QStringLiteral("solid");
+        return QCoreApplication::translate("DrawingHelpersPage", "solid", "pen pattern");
     QStringList parts;
     for (qreal length : pattern)
         parts << QString::number(length);
@@ -146,7 +153,7 @@ int DrawingHelpersPage::PaintBrushes(QPainter& p, int top)
         }
         const QRect label(r.left() - 4, r.bottom() + 4, cell - 8, fm.height());
         p.drawText(label, Qt::AlignHCenter | Qt::AlignTop,
-                   QStringLiteral("%1 %2").arg(style).arg(QLatin1String(kBrushNames[style])));
+                   QStringLiteral("%1 %2").arg(style).arg(tr(kBrushNames[style])));
     }
     return top + swatch.height() + 4 + fm.height() + 12;
 }
@@ -169,7 +176,7 @@ int DrawingHelpersPage::PaintPens(QPainter& p, int top)
 
     for (int style = 0; style < 5; ++style) {
         const int mid = top + rowHeight / 2;
-        p.drawText(kMargin, mid + fm.ascent() / 2 - 1, QLatin1String(kPenNames[style]));
+        p.drawText(kMargin, mid + fm.ascent() / 2 - 1, tr(kPenNames[style]));
         for (int i = 0; i < 3; ++i) {
             const QelPen pen(style, widths[i], ink, this);
             const int x0 = kMargin + labelWidth + i * column;
@@ -191,8 +198,8 @@ int DrawingHelpersPage::PaintFonts(QPainter& p, int top)
     top = PaintHeading(p, top, tr("PECFont::Create(face, size, italic, bold, device, dpiCorrect)"));
     const int sizes[] = {8, 10, 12, 16};
     const struct { bool bold; bool italic; const char* name; } styles[] = {
-        {false, false, "regular"}, {true, false, "bold"}, {false, true, "italic"},
-        {true, true, "bold italic"}};
+        {false, false, QT_TR_NOOP("regular")}, {true, false, QT_TR_NOOP("bold")},
+        {false, true, QT_TR_NOOP("italic")}, {true, true, QT_TR_NOOP("bold italic")}};
     const int column = kCardWidth / 4;
     for (int size : sizes) {
         int rowHeight = 0;
@@ -202,7 +209,7 @@ int DrawingHelpersPage::PaintFonts(QPainter& p, int top)
             GDISelector select(&p, font);
             const QFontMetrics fm = p.fontMetrics();
             p.drawText(kMargin + i * column, top + fm.ascent(),
-                       QStringLiteral("%1 pt %2").arg(size).arg(QLatin1String(styles[i].name)));
+                       QStringLiteral("%1 pt %2").arg(size).arg(tr(styles[i].name)));
             rowHeight = std::max(rowHeight, fm.height());
         }
         top += rowHeight + 4;

@@ -119,10 +119,10 @@ QWidget* EntryPage::BuildEntryControls()
         bool geogOnly, gridOnly, readOnly;
     };
     const Variant variants[] = {
-        { "Position:", false, false, false },
-        { "Geographic only:", true, false, false },
-        { "Grid only:", false, true, false },
-        { "Read-only:", false, false, true },
+        { QT_TR_NOOP("Position:"), false, false, false },
+        { QT_TR_NOOP("Geographic only:"), true, false, false },
+        { QT_TR_NOOP("Grid only:"), false, true, false },
+        { QT_TR_NOOP("Read-only:"), false, false, true },
     };
     for (const Variant& v : variants) {
         QLabel* placeholder = Placeholder(tr("To be replaced with CCoordinateCtrl"), box);

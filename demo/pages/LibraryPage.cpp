@@ -31,11 +31,11 @@ QString VersionText()
 
 QGroupBox* ModuleBox(QWidget* parent)
 {
-    auto* box = new QGroupBox(QObject::tr("Library"), parent);
+    auto* box = new QGroupBox(LibraryPage::tr("Library"), parent);
     auto* form = new QFormLayout(box);
-    form->addRow(QObject::tr("Version:"), new QLabel(VersionText()));
-    form->addRow(QObject::tr("Attached:"), new QLabel(IsQelMfc0Attached() ? QObject::tr("yes") : QObject::tr("no: %1").arg(QelMfc0LastError())));
-    form->addRow(QObject::tr("Build:"), new QLabel(QelMfc0BuildStamp()));
+    form->addRow(LibraryPage::tr("Version:"), new QLabel(VersionText()));
+    form->addRow(LibraryPage::tr("Attached:"), new QLabel(IsQelMfc0Attached() ? LibraryPage::tr("yes") : LibraryPage::tr("no: %1").arg(QelMfc0LastError())));
+    form->addRow(LibraryPage::tr("Build:"), new QLabel(QelMfc0BuildStamp()));
     return box;
 }
 
@@ -46,7 +46,7 @@ void FillProjectRows(QFormLayout* form)
         form->removeRow(0);
     const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition();
     if (!project) {
-        form->addRow(new QLabel(QObject::tr("No project is open.")));
+        form->addRow(new QLabel(LibraryPage::tr("No project is open.")));
         return;
     }
     QString folder;
@@ -57,17 +57,17 @@ void FillProjectRows(QFormLayout* form)
     project->GetDistanceDecimals(dist);
     project->GetDepthDecimals(depth);
     const QelGeoCoordSysBase* crs = project->GetGeoCoordSys();
-    form->addRow(QObject::tr("Folder:"), new QLabel(folder));
-    form->addRow(QObject::tr("Coordinate system:"), new QLabel(crs ? crs->GetDefinition() : QObject::tr("none")));
-    form->addRow(QObject::tr("Distance unit:"), new QLabel(project->GetUnitCnv().GetUnitMnem(UNIT_DISTANCE)));
-    form->addRow(QObject::tr("Decimals grid / geo / distance / depth:"),
+    form->addRow(LibraryPage::tr("Folder:"), new QLabel(folder));
+    form->addRow(LibraryPage::tr("Coordinate system:"), new QLabel(crs ? crs->GetDefinition() : LibraryPage::tr("none")));
+    form->addRow(LibraryPage::tr("Distance unit:"), new QLabel(project->GetUnitCnv().GetUnitMnem(UNIT_DISTANCE)));
+    form->addRow(LibraryPage::tr("Decimals grid / geo / distance / depth:"),
                  new QLabel(QStringLiteral("%1 / %2 / %3 / %4").arg(grid).arg(geo).arg(dist).arg(depth)));
 }
 
 // The project box; its rows follow when another project is opened.
 QGroupBox* ProjectBox(QWidget* parent)
 {
-    auto* box = new QGroupBox(QObject::tr("Project"), parent);
+    auto* box = new QGroupBox(LibraryPage::tr("Project"), parent);
     auto* form = new QFormLayout(box);
     FillProjectRows(form);
     ProjectFollower::Follow(box, nullptr, [form] { FillProjectRows(form); });
@@ -142,10 +142,10 @@ LibraryPage::LibraryPage(QWidget* parent)
     auto* dialogs = new QGroupBox(tr("File dialogs"), this);
     auto* dialogLayout = new QVBoxLayout(dialogs);
     struct MediaButton { const char* text; MultiMediaType type; int open; };
-    for (const MediaButton& b : { MediaButton { "Open image (JPEG, bitmap)...", MM_IMAGE, 1 },
-                                  MediaButton { "Open TIFF...", MM_TIFF, 1 },
-                                  MediaButton { "Save video as...", MM_VIDEO, 0 },
-                                  MediaButton { "Import image...", MM_IMPORT_IMAGE, 1 } }) {
+    for (const MediaButton& b : { MediaButton { QT_TR_NOOP("Open image (JPEG, bitmap)..."), MM_IMAGE, 1 },
+                                  MediaButton { QT_TR_NOOP("Open TIFF..."), MM_TIFF, 1 },
+                                  MediaButton { QT_TR_NOOP("Save video as..."), MM_VIDEO, 0 },
+                                  MediaButton { QT_TR_NOOP("Import image..."), MM_IMPORT_IMAGE, 1 } }) {
         auto* button = new QPushButton(tr(b.text), dialogs);
         connect(button, &QPushButton::clicked, this, [this, b] {
             QString path;
@@ -156,7 +156,7 @@ LibraryPage::LibraryPage(QWidget* parent)
     auto* multi = new QPushButton(tr("Select data files..."), dialogs);
     connect(multi, &QPushButton::clicked, this, [this] {
         QStringList files;
-        ShowResult(ShowMultiSelectionFileDlg(files, QStringLiteral("All Files (*.*)|*.*||"), this) ? files.join(QLatin1Char('\n')) : tr("cancelled"));
+        ShowResult(ShowMultiSelectionFileDlg(files, tr("All files") + QStringLiteral(" (*.*)|*.*||"), this) ? files.join(QLatin1Char('\n')) : tr("cancelled"));
     });
     dialogLayout->addWidget(multi);
     auto* projectFile = new QPushButton(tr("Open project file..."), dialogs);
@@ -176,7 +176,7 @@ LibraryPage::LibraryPage(QWidget* parent)
         identifiers << QString(id);
     QStringList categories;
     for (int kind = 0; kind < kUnitKindCount; ++kind)
-        categories << QStringLiteral("%1  %2").arg(kind, 2).arg(UnitCategoryName(kind));
+        categories << QStringLiteral("%1  %2").arg(kind, 2).arg(UnitCategoryDisplayName(kind));
     auto* idBox = new QGroupBox(tr("Application identifiers"), this);
     (new QVBoxLayout(idBox))->addWidget(NameList(idBox, identifiers));
     auto* catBox = new QGroupBox(tr("Unit categories"), this);

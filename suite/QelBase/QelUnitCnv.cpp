@@ -3,6 +3,8 @@
 #include "FileObject.h"
 #include "NumberText.h"
 
+#include <QCoreApplication>
+
 #include <cmath>
 #include <numbers>
 
@@ -37,17 +39,17 @@ constexpr double kRadian = 180.0 / std::numbers::pi;
 UnitList lengths(const char* first)
 {
     UnitList all{
-        unit("m", "Metre", latin("m"), 1.0),
-        unit("km", "Kilometre", latin("km"), 1000.0),
-        unit("cm", "Centimetre", latin("cm"), 0.01),
-        unit("mm", "Millimetre", latin("mm"), 0.001),
-        unit("ft", "International foot", latin("ft"), kFoot),
-        unit("ftUS", "US survey foot", latin("ftUS"), kUsFoot),
-        unit("in", "Inch", latin("in"), kInch),
-        unit("yd", "Yard", latin("yd"), kYard),
-        unit("fathom", "Fathom", latin("fm"), 1.8288),
-        unit("NM", "Nautical mile", latin("NM"), kNauticalMile),
-        unit("mi", "Statute mile", latin("mi"), kMile),
+        unit("m", QT_TRANSLATE_NOOP("CQelUnitCnv", "Metre"), latin("m"), 1.0),
+        unit("km", QT_TRANSLATE_NOOP("CQelUnitCnv", "Kilometre"), latin("km"), 1000.0),
+        unit("cm", QT_TRANSLATE_NOOP("CQelUnitCnv", "Centimetre"), latin("cm"), 0.01),
+        unit("mm", QT_TRANSLATE_NOOP("CQelUnitCnv", "Millimetre"), latin("mm"), 0.001),
+        unit("ft", QT_TRANSLATE_NOOP("CQelUnitCnv", "International foot"), latin("ft"), kFoot),
+        unit("ftUS", QT_TRANSLATE_NOOP("CQelUnitCnv", "US survey foot"), latin("ftUS"), kUsFoot),
+        unit("in", QT_TRANSLATE_NOOP("CQelUnitCnv", "Inch"), latin("in"), kInch),
+        unit("yd", QT_TRANSLATE_NOOP("CQelUnitCnv", "Yard"), latin("yd"), kYard),
+        unit("fathom", QT_TRANSLATE_NOOP("CQelUnitCnv", "Fathom"), latin("fm"), 1.8288),
+        unit("NM", QT_TRANSLATE_NOOP("CQelUnitCnv", "Nautical mile"), latin("NM"), kNauticalMile),
+        unit("mi", QT_TRANSLATE_NOOP("CQelUnitCnv", "Statute mile"), latin("mi"), kMile),
     };
     for (qsizetype i = 0; i < all.size(); ++i) {
         if (all[i].key == QLatin1String(first))
@@ -59,11 +61,11 @@ UnitList lengths(const char* first)
 UnitList speeds(const char* first)
 {
     UnitList all{
-        unit("m/sec", "Metres per second", latin("m/sec"), 1.0),
-        unit("km/h", "Kilometres per hour", latin("km/h"), 1000.0 / 3600.0),
-        unit("kn", "Knot", latin("kn"), kNauticalMile / 3600.0),
-        unit("mi/h", "Miles per hour", latin("mph"), kMile / 3600.0),
-        unit("ft/sec", "Feet per second", latin("ft/sec"), kFoot),
+        unit("m/sec", QT_TRANSLATE_NOOP("CQelUnitCnv", "Metres per second"), latin("m/sec"), 1.0),
+        unit("km/h", QT_TRANSLATE_NOOP("CQelUnitCnv", "Kilometres per hour"), latin("km/h"), 1000.0 / 3600.0),
+        unit("kn", QT_TRANSLATE_NOOP("CQelUnitCnv", "Knot"), latin("kn"), kNauticalMile / 3600.0),
+        unit("mi/h", QT_TRANSLATE_NOOP("CQelUnitCnv", "Miles per hour"), latin("mph"), kMile / 3600.0),
+        unit("ft/sec", QT_TRANSLATE_NOOP("CQelUnitCnv", "Feet per second"), latin("ft/sec"), kFoot),
     };
     for (qsizetype i = 0; i < all.size(); ++i) {
         if (all[i].key == QLatin1String(first))
@@ -75,152 +77,152 @@ UnitList speeds(const char* first)
 UnitList volumes()
 {
     return {
-        unit("m3", "Cubic metre", QStringLiteral("m³"), 1.0),
-        unit("l", "Litre", latin("l"), 0.001),
-        unit("ft3", "Cubic foot", QStringLiteral("ft³"), kFoot * kFoot * kFoot),
-        unit("yd3", "Cubic yard", QStringLiteral("yd³"), kYard * kYard * kYard),
-        unit("galUS", "US gallon", latin("gal"), kGallonUS),
-        unit("galUK", "Imperial gallon", latin("gal UK"), kGallonUK),
-        unit("bbl", "Barrel", latin("bbl"), 42.0 * kGallonUS),
+        unit("m3", QT_TRANSLATE_NOOP("CQelUnitCnv", "Cubic metre"), QStringLiteral("m³"), 1.0),
+        unit("l", QT_TRANSLATE_NOOP("CQelUnitCnv", "Litre"), latin("l"), 0.001),
+        unit("ft3", QT_TRANSLATE_NOOP("CQelUnitCnv", "Cubic foot"), QStringLiteral("ft³"), kFoot * kFoot * kFoot),
+        unit("yd3", QT_TRANSLATE_NOOP("CQelUnitCnv", "Cubic yard"), QStringLiteral("yd³"), kYard * kYard * kYard),
+        unit("galUS", QT_TRANSLATE_NOOP("CQelUnitCnv", "US gallon"), latin("gal"), kGallonUS),
+        unit("galUK", QT_TRANSLATE_NOOP("CQelUnitCnv", "Imperial gallon"), latin("gal UK"), kGallonUK),
+        unit("bbl", QT_TRANSLATE_NOOP("CQelUnitCnv", "Barrel"), latin("bbl"), 42.0 * kGallonUS),
     };
 }
 
 UnitList angles()
 {
     return {
-        unit("deg", "Degree", QStringLiteral("°"), 1.0),
-        unit("rad", "Radian", latin("rad"), kRadian),
-        unit("gon", "Gon", latin("gon"), 0.9),
-        unit("mil", "Mil (6400 per circle)", latin("mil"), 360.0 / 6400.0),
+        unit("deg", QT_TRANSLATE_NOOP("CQelUnitCnv", "Degree"), QStringLiteral("°"), 1.0),
+        unit("rad", QT_TRANSLATE_NOOP("CQelUnitCnv", "Radian"), latin("rad"), kRadian),
+        unit("gon", QT_TRANSLATE_NOOP("CQelUnitCnv", "Gon"), latin("gon"), 0.9),
+        unit("mil", QT_TRANSLATE_NOOP("CQelUnitCnv", "Mil (6400 per circle)"), latin("mil"), 360.0 / 6400.0),
     };
 }
 
 QList<UnitList> buildCatalogue()
 {
     QList<UnitList> c(kUnitKindCount);
-    c[UNIT_NONE] = {unit("none", "No unit", QString(), 1.0)};
+    c[UNIT_NONE] = {unit("none", QT_TRANSLATE_NOOP("CQelUnitCnv", "No unit"), QString(), 1.0)};
     c[UNIT_SYSTEM] = lengths("m");
     c[UNIT_SPEED] = speeds("m/sec");
     c[UNIT_DISTANCE] = lengths("m");
     c[UNIT_DEPTH] = lengths("m");
     c[UNIT_VOLUME] = volumes();
     c[UNIT_DENSITY] = {
-        unit("t/m3", "Tonnes per cubic metre", QStringLiteral("t/m³"), 1000.0),
-        unit("kg/m3", "Kilograms per cubic metre", QStringLiteral("kg/m³"), 1.0),
-        unit("g/cm3", "Grams per cubic centimetre", QStringLiteral("g/cm³"), 1000.0),
-        unit("kg/l", "Kilograms per litre", latin("kg/l"), 1000.0),
-        unit("lb/ft3", "Pounds per cubic foot", QStringLiteral("lb/ft³"),
+        unit("t/m3", QT_TRANSLATE_NOOP("CQelUnitCnv", "Tonnes per cubic metre"), QStringLiteral("t/m³"), 1000.0),
+        unit("kg/m3", QT_TRANSLATE_NOOP("CQelUnitCnv", "Kilograms per cubic metre"), QStringLiteral("kg/m³"), 1.0),
+        unit("g/cm3", QT_TRANSLATE_NOOP("CQelUnitCnv", "Grams per cubic centimetre"), QStringLiteral("g/cm³"), 1000.0),
+        unit("kg/l", QT_TRANSLATE_NOOP("CQelUnitCnv", "Kilograms per litre"), latin("kg/l"), 1000.0),
+        unit("lb/ft3", QT_TRANSLATE_NOOP("CQelUnitCnv", "Pounds per cubic foot"), QStringLiteral("lb/ft³"),
              kPound / (kFoot * kFoot * kFoot)),
-        unit("lb/galUS", "Pounds per US gallon", latin("lb/gal"), kPound / kGallonUS),
+        unit("lb/galUS", QT_TRANSLATE_NOOP("CQelUnitCnv", "Pounds per US gallon"), latin("lb/gal"), kPound / kGallonUS),
     };
     c[UNIT_VELOCITY] = speeds("m/sec");
     c[UNIT_PRODUCTION] = {
-        unit("m3/h", "Cubic metres per hour", QStringLiteral("m³/h"), 1.0 / 3600.0),
-        unit("m3/min", "Cubic metres per minute", QStringLiteral("m³/min"), 1.0 / 60.0),
-        unit("m3/s", "Cubic metres per second", QStringLiteral("m³/s"), 1.0),
-        unit("yd3/h", "Cubic yards per hour", QStringLiteral("yd³/h"),
+        unit("m3/h", QT_TRANSLATE_NOOP("CQelUnitCnv", "Cubic metres per hour"), QStringLiteral("m³/h"), 1.0 / 3600.0),
+        unit("m3/min", QT_TRANSLATE_NOOP("CQelUnitCnv", "Cubic metres per minute"), QStringLiteral("m³/min"), 1.0 / 60.0),
+        unit("m3/s", QT_TRANSLATE_NOOP("CQelUnitCnv", "Cubic metres per second"), QStringLiteral("m³/s"), 1.0),
+        unit("yd3/h", QT_TRANSLATE_NOOP("CQelUnitCnv", "Cubic yards per hour"), QStringLiteral("yd³/h"),
              kYard * kYard * kYard / 3600.0),
     };
     c[UNIT_HEIGHT] = lengths("m");
     c[UNIT_PRESSURE] = {
-        unit("bar", "Bar", latin("bar"), 1e5),
-        unit("mbar", "Millibar", latin("mbar"), 100.0),
-        unit("Pa", "Pascal", latin("Pa"), 1.0),
-        unit("kPa", "Kilopascal", latin("kPa"), 1e3),
-        unit("MPa", "Megapascal", latin("MPa"), 1e6),
-        unit("psi", "Pound-force per square inch", latin("psi"), kPound * kGravity / (kInch * kInch)),
-        unit("atm", "Standard atmosphere", latin("atm"), 101325.0),
-        unit("kgf/cm2", "Kilogram-force per square centimetre", QStringLiteral("kgf/cm²"),
+        unit("bar", QT_TRANSLATE_NOOP("CQelUnitCnv", "Bar"), latin("bar"), 1e5),
+        unit("mbar", QT_TRANSLATE_NOOP("CQelUnitCnv", "Millibar"), latin("mbar"), 100.0),
+        unit("Pa", QT_TRANSLATE_NOOP("CQelUnitCnv", "Pascal"), latin("Pa"), 1.0),
+        unit("kPa", QT_TRANSLATE_NOOP("CQelUnitCnv", "Kilopascal"), latin("kPa"), 1e3),
+        unit("MPa", QT_TRANSLATE_NOOP("CQelUnitCnv", "Megapascal"), latin("MPa"), 1e6),
+        unit("psi", QT_TRANSLATE_NOOP("CQelUnitCnv", "Pound-force per square inch"), latin("psi"), kPound * kGravity / (kInch * kInch)),
+        unit("atm", QT_TRANSLATE_NOOP("CQelUnitCnv", "Standard atmosphere"), latin("atm"), 101325.0),
+        unit("kgf/cm2", QT_TRANSLATE_NOOP("CQelUnitCnv", "Kilogram-force per square centimetre"), QStringLiteral("kgf/cm²"),
              kGravity * 1e4),
     };
     c[UNIT_POWER] = {
-        unit("kW", "Kilowatt", latin("kW"), 1e3),
-        unit("W", "Watt", latin("W"), 1.0),
-        unit("MW", "Megawatt", latin("MW"), 1e6),
-        unit("hp", "Horsepower (mechanical)", latin("hp"), 550.0 * kFoot * kPound * kGravity),
-        unit("PS", "Metric horsepower", latin("PS"), 75.0 * kGravity),
+        unit("kW", QT_TRANSLATE_NOOP("CQelUnitCnv", "Kilowatt"), latin("kW"), 1e3),
+        unit("W", QT_TRANSLATE_NOOP("CQelUnitCnv", "Watt"), latin("W"), 1.0),
+        unit("MW", QT_TRANSLATE_NOOP("CQelUnitCnv", "Megawatt"), latin("MW"), 1e6),
+        unit("hp", QT_TRANSLATE_NOOP("CQelUnitCnv", "Horsepower (mechanical)"), latin("hp"), 550.0 * kFoot * kPound * kGravity),
+        unit("PS", QT_TRANSLATE_NOOP("CQelUnitCnv", "Metric horsepower"), latin("PS"), 75.0 * kGravity),
     };
     c[UNIT_REVOLUTIONS] = {
-        unit("rpm", "Revolutions per minute", latin("rpm"), 1.0),
-        unit("rps", "Revolutions per second", latin("rev/s"), 60.0),
+        unit("rpm", QT_TRANSLATE_NOOP("CQelUnitCnv", "Revolutions per minute"), latin("rpm"), 1.0),
+        unit("rps", QT_TRANSLATE_NOOP("CQelUnitCnv", "Revolutions per second"), latin("rev/s"), 60.0),
     };
     c[UNIT_WEIGHT] = {
-        unit("T", "Tonne", latin("T"), 1000.0),
-        unit("kg", "Kilogram", latin("kg"), 1.0),
-        unit("lb", "Pound", latin("lb"), kPound),
-        unit("LT", "Long ton", latin("LT"), 2240.0 * kPound),
-        unit("ST", "Short ton", latin("ST"), 2000.0 * kPound),
+        unit("T", QT_TRANSLATE_NOOP("CQelUnitCnv", "Tonne"), latin("T"), 1000.0),
+        unit("kg", QT_TRANSLATE_NOOP("CQelUnitCnv", "Kilogram"), latin("kg"), 1.0),
+        unit("lb", QT_TRANSLATE_NOOP("CQelUnitCnv", "Pound"), latin("lb"), kPound),
+        unit("LT", QT_TRANSLATE_NOOP("CQelUnitCnv", "Long ton"), latin("LT"), 2240.0 * kPound),
+        unit("ST", QT_TRANSLATE_NOOP("CQelUnitCnv", "Short ton"), latin("ST"), 2000.0 * kPound),
     };
     c[UNIT_PITCH] = angles();
     c[UNIT_ROLL] = angles();
     c[UNIT_ACCELERATION] = {
-        unit("m/s2", "Metres per second squared", QStringLiteral("m/s²"), 1.0),
-        unit("g", "Standard gravity", latin("g"), kGravity),
-        unit("ft/s2", "Feet per second squared", QStringLiteral("ft/s²"), kFoot),
-        unit("Gal", "Gal", latin("Gal"), 0.01),
-        unit("mGal", "Milligal", latin("mGal"), 1e-5),
+        unit("m/s2", QT_TRANSLATE_NOOP("CQelUnitCnv", "Metres per second squared"), QStringLiteral("m/s²"), 1.0),
+        unit("g", QT_TRANSLATE_NOOP("CQelUnitCnv", "Standard gravity"), latin("g"), kGravity),
+        unit("ft/s2", QT_TRANSLATE_NOOP("CQelUnitCnv", "Feet per second squared"), QStringLiteral("ft/s²"), kFoot),
+        unit("Gal", QT_TRANSLATE_NOOP("CQelUnitCnv", "Gal"), latin("Gal"), 0.01),
+        unit("mGal", QT_TRANSLATE_NOOP("CQelUnitCnv", "Milligal"), latin("mGal"), 1e-5),
     };
     c[UNIT_ANGULAR_RATE] = {
-        unit("deg/min", "Degrees per minute", QStringLiteral("°/min"), 1.0 / 60.0),
-        unit("deg/s", "Degrees per second", QStringLiteral("°/s"), 1.0),
-        unit("rad/s", "Radians per second", latin("rad/s"), kRadian),
+        unit("deg/min", QT_TRANSLATE_NOOP("CQelUnitCnv", "Degrees per minute"), QStringLiteral("°/min"), 1.0 / 60.0),
+        unit("deg/s", QT_TRANSLATE_NOOP("CQelUnitCnv", "Degrees per second"), QStringLiteral("°/s"), 1.0),
+        unit("rad/s", QT_TRANSLATE_NOOP("CQelUnitCnv", "Radians per second"), latin("rad/s"), kRadian),
     };
     c[UNIT_DELIVERY] = {
-        unit("t/h", "Tonnes per hour", latin("t/h"), 1000.0 / 3600.0),
-        unit("kg/s", "Kilograms per second", latin("kg/s"), 1.0),
-        unit("kg/h", "Kilograms per hour", latin("kg/h"), 1.0 / 3600.0),
-        unit("t/min", "Tonnes per minute", latin("t/min"), 1000.0 / 60.0),
+        unit("t/h", QT_TRANSLATE_NOOP("CQelUnitCnv", "Tonnes per hour"), latin("t/h"), 1000.0 / 3600.0),
+        unit("kg/s", QT_TRANSLATE_NOOP("CQelUnitCnv", "Kilograms per second"), latin("kg/s"), 1.0),
+        unit("kg/h", QT_TRANSLATE_NOOP("CQelUnitCnv", "Kilograms per hour"), latin("kg/h"), 1.0 / 3600.0),
+        unit("t/min", QT_TRANSLATE_NOOP("CQelUnitCnv", "Tonnes per minute"), latin("t/min"), 1000.0 / 60.0),
     };
     c[UNIT_ANGULAR] = angles();
     c[UNIT_AREA] = {
-        unit("m2", "Square metre", QStringLiteral("m²"), 1.0),
-        unit("km2", "Square kilometre", QStringLiteral("km²"), 1e6),
-        unit("ha", "Hectare", latin("ha"), 1e4),
-        unit("ft2", "Square foot", QStringLiteral("ft²"), kFoot * kFoot),
-        unit("ftUS2", "Square US survey foot", QStringLiteral("ftUS²"), kUsFoot * kUsFoot),
-        unit("yd2", "Square yard", QStringLiteral("yd²"), kYard * kYard),
-        unit("acre", "Acre", latin("acre"), 4046.8564224),
-        unit("NM2", "Square nautical mile", QStringLiteral("NM²"), kNauticalMile * kNauticalMile),
+        unit("m2", QT_TRANSLATE_NOOP("CQelUnitCnv", "Square metre"), QStringLiteral("m²"), 1.0),
+        unit("km2", QT_TRANSLATE_NOOP("CQelUnitCnv", "Square kilometre"), QStringLiteral("km²"), 1e6),
+        unit("ha", QT_TRANSLATE_NOOP("CQelUnitCnv", "Hectare"), latin("ha"), 1e4),
+        unit("ft2", QT_TRANSLATE_NOOP("CQelUnitCnv", "Square foot"), QStringLiteral("ft²"), kFoot * kFoot),
+        unit("ftUS2", QT_TRANSLATE_NOOP("CQelUnitCnv", "Square US survey foot"), QStringLiteral("ftUS²"), kUsFoot * kUsFoot),
+        unit("yd2", QT_TRANSLATE_NOOP("CQelUnitCnv", "Square yard"), QStringLiteral("yd²"), kYard * kYard),
+        unit("acre", QT_TRANSLATE_NOOP("CQelUnitCnv", "Acre"), latin("acre"), 4046.8564224),
+        unit("NM2", QT_TRANSLATE_NOOP("CQelUnitCnv", "Square nautical mile"), QStringLiteral("NM²"), kNauticalMile * kNauticalMile),
     };
     c[UNIT_TEMPERATURE] = {
-        unit("degC", "Degree Celsius", QStringLiteral("°C"), 1.0),
-        unit("degF", "Degree Fahrenheit", QStringLiteral("°F"), 5.0 / 9.0, -160.0 / 9.0),
-        unit("K", "Kelvin", latin("K"), 1.0, -273.15),
+        unit("degC", QT_TRANSLATE_NOOP("CQelUnitCnv", "Degree Celsius"), QStringLiteral("°C"), 1.0),
+        unit("degF", QT_TRANSLATE_NOOP("CQelUnitCnv", "Degree Fahrenheit"), QStringLiteral("°F"), 5.0 / 9.0, -160.0 / 9.0),
+        unit("K", QT_TRANSLATE_NOOP("CQelUnitCnv", "Kelvin"), latin("K"), 1.0, -273.15),
     };
     c[UNIT_PAPER] = {
-        unit("mm", "Millimetre", latin("mm"), 0.001),
-        unit("cm", "Centimetre", latin("cm"), 0.01),
-        unit("in", "Inch", latin("in"), kInch),
+        unit("mm", QT_TRANSLATE_NOOP("CQelUnitCnv", "Millimetre"), latin("mm"), 0.001),
+        unit("cm", QT_TRANSLATE_NOOP("CQelUnitCnv", "Centimetre"), latin("cm"), 0.01),
+        unit("in", QT_TRANSLATE_NOOP("CQelUnitCnv", "Inch"), latin("in"), kInch),
     };
     c[UNIT_FORCE] = {
-        unit("kgf", "Kilogram-force", latin("kgf"), kGravity),
-        unit("N", "Newton", latin("N"), 1.0),
-        unit("kN", "Kilonewton", latin("kN"), 1e3),
-        unit("T", "Tonne-force", latin("T"), 1000.0 * kGravity),
-        unit("lbf", "Pound-force", latin("lbf"), kPound * kGravity),
+        unit("kgf", QT_TRANSLATE_NOOP("CQelUnitCnv", "Kilogram-force"), latin("kgf"), kGravity),
+        unit("N", QT_TRANSLATE_NOOP("CQelUnitCnv", "Newton"), latin("N"), 1.0),
+        unit("kN", QT_TRANSLATE_NOOP("CQelUnitCnv", "Kilonewton"), latin("kN"), 1e3),
+        unit("T", QT_TRANSLATE_NOOP("CQelUnitCnv", "Tonne-force"), latin("T"), 1000.0 * kGravity),
+        unit("lbf", QT_TRANSLATE_NOOP("CQelUnitCnv", "Pound-force"), latin("lbf"), kPound * kGravity),
     };
     c[UNIT_KP] = {
-        unit("km", "Kilometre", latin("km"), 1000.0),
-        unit("m", "Metre", latin("m"), 1.0),
+        unit("km", QT_TRANSLATE_NOOP("CQelUnitCnv", "Kilometre"), latin("km"), 1000.0),
+        unit("m", QT_TRANSLATE_NOOP("CQelUnitCnv", "Metre"), latin("m"), 1.0),
     };
     c[UNIT_FUEL_DELIVERY] = {
-        unit("l/h", "Litres per hour", latin("l/h"), 0.001 / 3600.0),
-        unit("l/min", "Litres per minute", latin("l/min"), 0.001 / 60.0),
-        unit("m3/h", "Cubic metres per hour", QStringLiteral("m³/h"), 1.0 / 3600.0),
-        unit("galUS/h", "US gallons per hour", latin("gal/h"), kGallonUS / 3600.0),
+        unit("l/h", QT_TRANSLATE_NOOP("CQelUnitCnv", "Litres per hour"), latin("l/h"), 0.001 / 3600.0),
+        unit("l/min", QT_TRANSLATE_NOOP("CQelUnitCnv", "Litres per minute"), latin("l/min"), 0.001 / 60.0),
+        unit("m3/h", QT_TRANSLATE_NOOP("CQelUnitCnv", "Cubic metres per hour"), QStringLiteral("m³/h"), 1.0 / 3600.0),
+        unit("galUS/h", QT_TRANSLATE_NOOP("CQelUnitCnv", "US gallons per hour"), latin("gal/h"), kGallonUS / 3600.0),
     };
     c[UNIT_FUEL_VOLUME] = volumes();
     c[UNIT_WATER_WIND_SPEED] = speeds("kn");
     c[UNIT_DATUM_ROTATION] = {
-        unit("arcsec", "Arc-second", latin("\""), 1.0 / 3600.0),
-        unit("deg", "Degree", QStringLiteral("°"), 1.0),
-        unit("rad", "Radian", latin("rad"), kRadian),
-        unit("microrad", "Microradian", QStringLiteral("µrad"), kRadian * 1e-6),
+        unit("arcsec", QT_TRANSLATE_NOOP("CQelUnitCnv", "Arc-second"), latin("\""), 1.0 / 3600.0),
+        unit("deg", QT_TRANSLATE_NOOP("CQelUnitCnv", "Degree"), QStringLiteral("°"), 1.0),
+        unit("rad", QT_TRANSLATE_NOOP("CQelUnitCnv", "Radian"), latin("rad"), kRadian),
+        unit("microrad", QT_TRANSLATE_NOOP("CQelUnitCnv", "Microradian"), QStringLiteral("µrad"), kRadian * 1e-6),
     };
     c[UNIT_PERCENT] = {
-        unit("%", "Percent", latin("%"), 1.0),
-        unit("permille", "Per mille", QStringLiteral("‰"), 0.1),
-        unit("fraction", "Fraction", QString(), 100.0),
+        unit("%", QT_TRANSLATE_NOOP("CQelUnitCnv", "Percent"), latin("%"), 1.0),
+        unit("permille", QT_TRANSLATE_NOOP("CQelUnitCnv", "Per mille"), QStringLiteral("‰"), 0.1),
+        unit("fraction", QT_TRANSLATE_NOOP("CQelUnitCnv", "Fraction"), QString(), 100.0),
     };
     return c;
 }
@@ -234,6 +236,25 @@ const QList<UnitList>& catalogue()
 bool validKind(int kind)
 {
     return kind >= 0 && kind < kUnitKindCount;
+}
+
+// The catalogue keeps the English names; a unit handed out carries the name in the user's
+// language.
+UnitInfo shown(UnitInfo info)
+{
+    info.name = QCoreApplication::translate("CQelUnitCnv", info.name.toLatin1().constData());
+    return info;
+}
+
+const UnitInfo* findInCatalogue(int kind, const QString& key)
+{
+    if (!validKind(kind))
+        return nullptr;
+    const QString wanted = key.trimmed();
+    for (const UnitInfo& info : catalogue()[kind])
+        if (info.key == wanted)
+            return &info;
+    return nullptr;
 }
 
 double usableFactor(double factor)
@@ -298,37 +319,36 @@ CQelUnitCnv::CQelUnitCnv()
 
 QList<UnitInfo> CQelUnitCnv::KnownUnits(int kind)
 {
-    return validKind(kind) ? catalogue()[kind] : QList<UnitInfo>();
+    QList<UnitInfo> units;
+    if (validKind(kind))
+        for (const UnitInfo& info : catalogue()[kind])
+            units.append(shown(info));
+    return units;
 }
 
 bool CQelUnitCnv::FindUnit(int kind, const QString& key, UnitInfo& out)
 {
-    if (!validKind(kind))
+    const UnitInfo* info = findInCatalogue(kind, key);
+    if (!info)
         return false;
-    const QString wanted = key.trimmed();
-    for (const UnitInfo& info : catalogue()[kind]) {
-        if (info.key == wanted) {
-            out = info;
-            return true;
-        }
-    }
-    return false;
+    out = shown(*info);
+    return true;
 }
 
 bool CQelUnitCnv::DefaultUnit(int kind, UnitInfo& out)
 {
     if (!validKind(kind))
         return false;
-    out = catalogue()[kind].first();
+    out = shown(catalogue()[kind].first());
     return true;
 }
 
 bool CQelUnitCnv::SetUnit(int kind, const QString& key)
 {
-    UnitInfo info;
-    if (!FindUnit(kind, key, info))
+    const UnitInfo* info = findInCatalogue(kind, key);
+    if (!info)
         return false;
-    m_units[size_t(kind)] = info;
+    m_units[size_t(kind)] = *info;
     return true;
 }
 
@@ -340,7 +360,7 @@ bool CQelUnitCnv::GetUnit(int kind, double& factor, double& offset, QString& nam
     const UnitInfo& info = m_units[size_t(kind)];
     factor = info.factor;
     offset = info.offset;
-    name = info.name;
+    name = shown(info).name;
     key = info.key;
     mnemonic = info.mnemonic;
     return true;
@@ -350,7 +370,7 @@ bool CQelUnitCnv::GetUnitInfo(int kind, UnitInfo& out) const
 {
     if (!validKind(kind))
         return false;
-    out = m_units[size_t(kind)];
+    out = shown(m_units[size_t(kind)]);
     return true;
 }
 

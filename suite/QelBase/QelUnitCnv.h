@@ -34,7 +34,8 @@
 class FileObject;
 
 // One unit of the catalogue. `key` is the ASCII name used in files ("ft"), `name` the readable
-// name ("International foot"), `mnemonic` the abbreviation shown behind values ("ft").
+// name in the user's language ("International foot"), `mnemonic` the abbreviation shown behind
+// values ("ft").
 struct QELBASE_EXPORT UnitInfo
 {
     QString key;

@@ -1,10 +1,19 @@
 #include "UnitCategories.h"
 
+#include <QCoreApplication>
+
 QString UnitCategoryName(int kind)
 {
     if (kind < 0 || kind >= kUnitKindCount)
         return QString();
     return QString::fromLatin1(kUnitCategoryNames[size_t(kind)]);
+}
+
+QString UnitCategoryDisplayName(int kind)
+{
+    if (kind < 0 || kind >= kUnitKindCount)
+        return QString();
+    return QCoreApplication::translate("UnitCategories", kUnitCategoryNames[size_t(kind)]);
 }
 
 int UnitKindFromName(const QString& name)

@@ -19,17 +19,46 @@ enum UnitKind : int {
     UNIT_DATUM_ROTATION = 28, UNIT_PERCENT = 29
 };
 
+// The category names, which are also the keys of a project's units section; QT_TRANSLATE_NOOP
+// marks them for translation where they are shown (UnitCategoryDisplayName).
 inline constexpr std::array<const char*, kUnitKindCount> kUnitCategoryNames = {
-    "No Units", "System Units", "Speed Units", "Distance Units", "Depth Units",
-    "Volume Units", "Density Units", "Velocity Units", "Production Units", "Height Units",
-    "Pressure Units", "Power Units", "Revolutions Units", "Weight Units", "Pitch Units",
-    "Roll Units", "Acceleration Units", "Angular Rate Units", "Delivery Units", "Angular Units",
-    "Area Units", "Temperature Units", "Paper Units", "Force Units", "KP Units",
-    "Fuel Delivery Units", "Fuel Volume Units", "Water/Wind Speed Units",
-    "Datum Transformation Rotation Units", "Percent Units"};
+    QT_TRANSLATE_NOOP("UnitCategories", "No Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "System Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Speed Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Distance Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Depth Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Volume Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Density Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Velocity Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Production Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Height Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Pressure Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Power Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Revolutions Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Weight Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Pitch Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Roll Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Acceleration Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Angular Rate Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Delivery Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Angular Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Area Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Temperature Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Paper Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Force Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "KP Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Fuel Delivery Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Fuel Volume Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Water/Wind Speed Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Datum Transformation Rotation Units"),
+    QT_TRANSLATE_NOOP("UnitCategories", "Percent Units")};
 
-// The category name of a unit kind ("Distance Units" for 3); empty for a kind out of range.
+// The category name of a unit kind ("Distance Units" for 3), as the files write it; empty for a
+// kind out of range.
 QELBASE_EXPORT QString UnitCategoryName(int kind);
+
+// The category name of a unit kind in the user's language, for display; empty out of range.
+QELBASE_EXPORT QString UnitCategoryDisplayName(int kind);
 
 // The unit kind of a category name (case-insensitive, blanks around it ignored); -1 when unknown.
 QELBASE_EXPORT int UnitKindFromName(const QString& name);

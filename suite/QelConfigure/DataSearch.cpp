@@ -5,6 +5,7 @@
 
 #include <QelSubscriber/SubscriptionManager.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -23,10 +24,10 @@ struct FileTypeInfo
 };
 
 constexpr std::array<FileTypeInfo, 4> kFileTypes = {{
-    {DataSearch::TYPE_UNITS, "Unit Definition File", ".def", "Units", DataSearch::PATH_COMMON},
-    {DataSearch::TYPE_PROJECT, "Project Definition File", ".qpd", "Project", DataSearch::PATH_PROJECT},
-    {DataSearch::TYPE_COLOR_TABLE, "Color Table File", ".ctb", "Default", DataSearch::PATH_COLOR_TABLES},
-    {DataSearch::TYPE_COLOR_MAP, "Color Map File", ".cmap", "normal", DataSearch::PATH_COLOR_MAPS},
+    {DataSearch::TYPE_UNITS, QT_TRANSLATE_NOOP("DataSearch", "Unit Definition File"), ".def", "Units", DataSearch::PATH_COMMON},
+    {DataSearch::TYPE_PROJECT, QT_TRANSLATE_NOOP("DataSearch", "Project Definition File"), ".qpd", "Project", DataSearch::PATH_PROJECT},
+    {DataSearch::TYPE_COLOR_TABLE, QT_TRANSLATE_NOOP("DataSearch", "Color Table File"), ".ctb", "Default", DataSearch::PATH_COLOR_TABLES},
+    {DataSearch::TYPE_COLOR_MAP, QT_TRANSLATE_NOOP("DataSearch", "Color Map File"), ".cmap", "normal", DataSearch::PATH_COLOR_MAPS},
 }};
 
 const FileTypeInfo* FindType(int type)
@@ -259,7 +260,7 @@ bool DataSearch::GetFileTypeInfo(int type, QString& description, QString& extens
     const FileTypeInfo* info = FindType(type);
     if (!info)
         return false;
-    description = QLatin1String(info->description);
+    description = QCoreApplication::translate("DataSearch", info->description);
     extension = QLatin1String(info->extension);
     dataPathKind = info->pathKind;
     return true;

@@ -89,7 +89,8 @@ public:
     bool GetFileExtension(int type, QString& ext) const;
     // The default file name of a data type, without extension ("Project"); false if unknown.
     bool GetDefaultFileName(int type, QString& name) const;
-    // Description ("Project Definition File"), extension and data-folder kind of a data type.
+    // Description in the user's language ("Project Definition File"), extension and data-folder
+    // kind of a data type.
     bool GetFileTypeInfo(int type, QString& description, QString& extension,
                          int& dataPathKind) const;
 

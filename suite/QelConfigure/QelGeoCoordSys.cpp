@@ -1,5 +1,6 @@
 #include "QelGeoCoordSys.h"
 
+#include <QCoreApplication>
 #include <proj.h>
 
 #include <cmath>
@@ -196,13 +197,13 @@ std::unique_ptr<QelGeoCoordSys> QelGeoCoordSys::Create(const QString& definition
     };
     const QString text = definition.trimmed();
     if (text.isEmpty())
-        return fail(QStringLiteral("Empty coordinate system definition"));
+        return fail(QCoreApplication::translate("QelGeoCoordSys", "Empty coordinate system definition"));
 
     auto impl = std::make_unique<Impl>();
     impl->definition = definition;
     impl->ctx = proj_context_create();
     if (!impl->ctx)
-        return fail(QStringLiteral("Cannot create a PROJ context"));
+        return fail(QCoreApplication::translate("QelGeoCoordSys", "Cannot create a PROJ context"));
     PJ_CONTEXT* ctx = impl->ctx;
     proj_log_level(ctx, PJ_LOG_NONE);
 
@@ -211,7 +212,7 @@ std::unique_ptr<QelGeoCoordSys> QelGeoCoordSys::Create(const QString& definition
         utf8 += " +type=crs";
     PjPtr crs(proj_create(ctx, utf8.constData()));
     if (!crs)
-        return fail(ContextError(ctx, QStringLiteral("Unknown coordinate system \"%1\"").arg(text)));
+        return fail(ContextError(ctx, QCoreApplication::translate("QelGeoCoordSys", "Unknown coordinate system \"%1\"").arg(text)));
 
     // A CRS with attached datum shifts or a vertical part: use its horizontal projected CRS.
     if (proj_get_type(crs.get()) == PJ_TYPE_BOUND_CRS)
@@ -221,7 +222,7 @@ std::unique_ptr<QelGeoCoordSys> QelGeoCoordSys::Create(const QString& definition
     if (crs && proj_get_type(crs.get()) == PJ_TYPE_BOUND_CRS)
         crs.reset(proj_get_source_crs(ctx, crs.get()));
     if (!crs || proj_get_type(crs.get()) != PJ_TYPE_PROJECTED_CRS)
-        return fail(QStringLiteral("\"%1\" is not a projected coordinate system").arg(text));
+        return fail(QCoreApplication::translate("QelGeoCoordSys", "\"%1\" is not a projected coordinate system").arg(text));
     if (const char* name = proj_get_name(crs.get()))
         impl->name = QString::fromUtf8(name);
 
@@ -232,7 +233,7 @@ std::unique_ptr<QelGeoCoordSys> QelGeoCoordSys::Create(const QString& definition
     if (!ellipsoid
         || !proj_ellipsoid_get_parameters(ctx, ellipsoid.get(), &a, &b, &rfComputed, &rf)
         || !(a > 0.0))
-        return fail(QStringLiteral("\"%1\" has no usable ellipsoid").arg(text));
+        return fail(QCoreApplication::translate("QelGeoCoordSys", "\"%1\" has no usable ellipsoid").arg(text));
     impl->a = a;
     if (rf > 0.0) {
         const double f = 1.0 / rf;
@@ -244,7 +245,7 @@ std::unique_ptr<QelGeoCoordSys> QelGeoCoordSys::Create(const QString& definition
     impl->linearFactor = AxisUnitFactor(ctx, crs.get());
     const double radPerUnit = AxisUnitFactor(ctx, base.get());
     if (!(impl->linearFactor > 0.0) || !(radPerUnit > 0.0))
-        return fail(QStringLiteral("\"%1\" has unreadable axis units").arg(text));
+        return fail(QCoreApplication::translate("QelGeoCoordSys", "\"%1\" has unreadable axis units").arg(text));
     impl->angularScale = kDegToRad / radPerUnit;
     if (std::abs(impl->angularScale - 1.0) < 1e-12)
         impl->angularScale = 1.0;
@@ -256,10 +257,10 @@ std::unique_ptr<QelGeoCoordSys> QelGeoCoordSys::Create(const QString& definition
 
     PjPtr op(proj_create_crs_to_crs_from_pj(ctx, base.get(), crs.get(), nullptr, nullptr));
     if (!op)
-        return fail(ContextError(ctx, QStringLiteral("No conversion for \"%1\"").arg(text)));
+        return fail(ContextError(ctx, QCoreApplication::translate("QelGeoCoordSys", "No conversion for \"%1\"").arg(text)));
     impl->transform = proj_normalize_for_visualization(ctx, op.get());
     if (!impl->transform)
-        return fail(ContextError(ctx, QStringLiteral("No conversion for \"%1\"").arg(text)));
+        return fail(ContextError(ctx, QCoreApplication::translate("QelGeoCoordSys", "No conversion for \"%1\"").arg(text)));
 
     if (error)
         error->clear();

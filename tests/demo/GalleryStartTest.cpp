@@ -1,5 +1,5 @@
 // QelGallery started as a user starts it: refused projects, runs without a display, screenshot
-// names, and the unpacked sample project removed on every way out.
+// names, its language, and the unpacked sample project removed on every way out.
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -124,6 +124,43 @@ TEST_F(GalleryStart, WithoutADisplayHelpIsShownAndTheWindowRefusedInOneLine)
     EXPECT_EQ(window.exitCode, 2);
     EXPECT_EQ(window.errorLines.size(), 1) << window.errorLines.join(QLatin1Char('\n')).toStdString();
     EXPECT_TRUE(window.leftovers.isEmpty());
+}
+
+TEST_F(GalleryStart, SpeaksTheSystemsLanguageOrTheOneAskedForAndRefusesOthersInOneLine)
+{
+    const QString dutch = QStringLiteral("Toont de bedieningselementen van de QelMfc0-bibliotheek.");
+    const QString english = QStringLiteral("Shows the controls of the QelMfc0 library.");
+    const struct {
+        QString system;
+        QStringList arguments;
+        QString description;
+    } cases[] = {
+        { QStringLiteral("nl_NL.UTF-8"), { QStringLiteral("--help") }, dutch },
+        { QStringLiteral("C"), { QStringLiteral("--language"), QStringLiteral("nl"), QStringLiteral("--help") }, dutch },
+        { QStringLiteral("C"), { QStringLiteral("--language=nl_BE"), QStringLiteral("--help") }, dutch },
+        { QStringLiteral("nl_NL.UTF-8"), { QStringLiteral("--language"), QStringLiteral("en"), QStringLiteral("--help") }, english },
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE((c.system + QLatin1Char(' ') + c.arguments.join(QLatin1Char(' '))).toStdString());
+        const Outcome help = Run(c.arguments, Environment(c.system));
+        EXPECT_EQ(help.exitCode, 0);
+        EXPECT_TRUE(help.out.contains(c.description)) << help.out.toStdString();
+    }
+
+    // A language the gallery does not speak, and an option it does not know, each in one line
+    // that names it, before anything is unpacked.
+    QProcessEnvironment offscreen = Environment();
+    offscreen.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    const Outcome unknown = Run({ QStringLiteral("--language"), QStringLiteral("xx") }, offscreen);
+    EXPECT_EQ(unknown.exitCode, 2);
+    ASSERT_EQ(unknown.errorLines.size(), 1) << unknown.errorLines.join(QLatin1Char('\n')).toStdString();
+    EXPECT_TRUE(unknown.errorLines[0].contains(QLatin1String("\"xx\"")) && unknown.errorLines[0].contains(QLatin1String("en, nl")))
+        << unknown.errorLines[0].toStdString();
+    const Outcome bogus = Run({ QStringLiteral("--langauge"), QStringLiteral("nl") }, offscreen);
+    EXPECT_NE(bogus.exitCode, 0);
+    ASSERT_FALSE(bogus.errorLines.isEmpty());
+    EXPECT_TRUE(bogus.errorLines[0].contains(QLatin1String("langauge"))) << bogus.errorLines[0].toStdString();
+    EXPECT_TRUE(unknown.leftovers.isEmpty() && bogus.leftovers.isEmpty());
 }
 
 TEST_F(GalleryStart, TerminationSignalQuitsAndRemovesTheUnpackedProject)

@@ -1,0 +1,213 @@
+// The translations: every text of the code, scanned afresh, has a finished Dutch translation
+// with the same placeholders and accelerators, and the library attached in Dutch speaks Dutch.
+#include <QFile>
+#include <QFileInfo>
+#include <QLocale>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QXmlStreamReader>
+#include <QelBase/QelUnitCnv.h>
+#include <QelBase/UnitCategories.h>
+#include <QelConfigure/DataSearch.h>
+#include <QelMfc0/QelMfc0.h>
+#include <QelMfc0/StringTable.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+
+namespace {
+
+struct Message {
+    QString context, source, comment;
+    bool numerus = false;
+    QString type;              // "unfinished", "vanished", "obsolete" or empty when finished
+    QStringList translations;  // one, or one per numerus form
+};
+
+QString KeyOf(const Message& m)
+{
+    return m.context + QChar(0x1F) + m.source + QChar(0x1F) + m.comment;
+}
+
+// The messages of a .ts file; false when it cannot be read.
+bool ReadTs(const QString& path, std::map<QString, Message>& messages, QString& error)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        error = path + QStringLiteral(": ") + file.errorString();
+        return false;
+    }
+    QXmlStreamReader xml(&file);
+    QString context;
+    Message message;
+    while (!xml.atEnd()) {
+        xml.readNext();
+        if (xml.isStartElement()) {
+            const auto name = xml.name();
+            if (name == QLatin1String("context")) {
+                context.clear();
+            } else if (name == QLatin1String("name")) {
+                context = xml.readElementText();
+            } else if (name == QLatin1String("message")) {
+                message = Message();
+                message.context = context;
+                message.numerus = xml.attributes().value(QLatin1String("numerus")) == QLatin1String("yes");
+            } else if (name == QLatin1String("source")) {
+                message.source = xml.readElementText();
+            } else if (name == QLatin1String("comment")) {
+                message.comment = xml.readElementText();
+            } else if (name == QLatin1String("translation")) {
+                message.type = xml.attributes().value(QLatin1String("type")).toString();
+                if (!message.numerus)
+                    message.translations << xml.readElementText();
+            } else if (name == QLatin1String("numerusform")) {
+                message.translations << xml.readElementText();
+            }
+        } else if (xml.isEndElement() && xml.name() == QLatin1String("message")) {
+            messages[KeyOf(message)] = message;
+        }
+    }
+    if (xml.hasError()) {
+        error = path + QStringLiteral(": ") + xml.errorString();
+        return false;
+    }
+    return true;
+}
+
+// The placeholders of a text: %1..%9 (also as %L1) and the unit placeholders %A..%Z, sorted.
+QStringList Placeholders(const QString& text)
+{
+    static const QRegularExpression marker(QStringLiteral("%(L?[1-9]|[A-KM-Z])"));
+    QStringList found;
+    for (auto it = marker.globalMatch(text); it.hasNext();)
+        found << it.next().captured(1);
+    found.sort();
+    return found;
+}
+
+// True when the text marks a keyboard accelerator ("&File"; "&&" is a plain ampersand).
+bool HasAccelerator(const QString& text)
+{
+    for (qsizetype i = 0; i + 1 < text.size(); ++i) {
+        if (text[i] != QLatin1Char('&'))
+            continue;
+        if (text[i + 1] == QLatin1Char('&')) {
+            ++i;
+            continue;
+        }
+        if (!text[i + 1].isSpace())
+            return true;
+    }
+    return false;
+}
+
+QString Quoted(const Message& m)
+{
+    QString source = m.source;
+    source.replace(QLatin1Char('\n'), QLatin1String("\\n"));
+    return QStringLiteral("%1: \"%2\"").arg(m.context, source);
+}
+
+struct Catalogue {
+    const char* name;
+    const char* lupdateList; // the include folders and sources lupdate scans
+    const char* tsFiles;     // the committed translations, ';'-separated
+    const char* context;     // a text the scan must find, so that an empty scan cannot pass
+    const char* text;
+};
+
+const Catalogue kCatalogues[] = {
+    { "library", QEL_LIBRARY_LUPDATE_LIST, QEL_LIBRARY_TS, "QelMfc0", "Night" },
+#ifdef QEL_GALLERY_TS
+    { "gallery", QEL_GALLERY_LUPDATE_LIST, QEL_GALLERY_TS, "GalleryWindow", "&File" },
+#endif
+};
+
+} // namespace
+
+TEST(Translations, EveryTextOfTheCodeHasAFinishedTranslationWithTheSamePlaceholders)
+{
+    for (const Catalogue& catalogue : kCatalogues) {
+        for (const QString& tsPath : QString::fromUtf8(catalogue.tsFiles).split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+            SCOPED_TRACE(tsPath.toStdString());
+            // A fresh scan of the code, so that a text not yet in the committed file counts too.
+            QTemporaryDir work;
+            const QString fresh = work.filePath(QFileInfo(tsPath).fileName());
+            QProcess lupdate;
+            lupdate.start(QStringLiteral(QEL_LUPDATE),
+                          { QStringLiteral("-silent"), QStringLiteral("-no-obsolete"), QStringLiteral("-locations"),
+                            QStringLiteral("none"), QLatin1Char('@') + QString::fromUtf8(catalogue.lupdateList),
+                            QStringLiteral("-ts"), fresh });
+            ASSERT_TRUE(lupdate.waitForFinished(120000));
+            ASSERT_EQ(lupdate.exitCode(), 0) << lupdate.readAllStandardError().toStdString();
+
+            std::map<QString, Message> scanned, committed;
+            QString error;
+            ASSERT_TRUE(ReadTs(fresh, scanned, error)) << error.toStdString();
+            ASSERT_TRUE(ReadTs(tsPath, committed, error)) << error.toStdString();
+            Message known;
+            known.context = QString::fromUtf8(catalogue.context);
+            known.source = QString::fromUtf8(catalogue.text);
+            ASSERT_TRUE(scanned.count(KeyOf(known))) << catalogue.name << ": the scan missed " << Quoted(known).toStdString();
+
+            QStringList problems;
+            for (const auto& [key, text] : scanned) {
+                const auto found = committed.find(key);
+                if (found == committed.end()) {
+                    problems << Quoted(text) + QStringLiteral(" is not in the translation file");
+                    continue;
+                }
+                const Message& translated = found->second;
+                const bool empty = translated.translations.isEmpty()
+                    || std::any_of(translated.translations.begin(), translated.translations.end(),
+                                   [](const QString& t) { return t.isEmpty(); });
+                if (!translated.type.isEmpty() || empty) {
+                    problems << Quoted(text) + QStringLiteral(" has no finished translation");
+                    continue;
+                }
+                for (const QString& translation : translated.translations) {
+                    if (Placeholders(translation) != Placeholders(text.source))
+                        problems << Quoted(text) + QStringLiteral(" has other placeholders in \"%1\"").arg(translation);
+                    if (HasAccelerator(translation) != HasAccelerator(text.source))
+                        problems << Quoted(text) + QStringLiteral(" has an accelerator in only one of \"%1\"").arg(translation);
+                }
+            }
+            EXPECT_TRUE(problems.isEmpty()) << catalogue.name << ": " << problems.size() << " of " << scanned.size()
+                                            << " texts need work in " << tsPath.toStdString()
+                                            << " (a build adds new texts to it as unfinished):\n  "
+                                            << problems.join(QStringLiteral("\n  ")).toStdString();
+        }
+    }
+}
+
+TEST(Translations, TheLibraryAttachedInDutchShowsItsAndTheSuiteTextsInDutch)
+{
+    const QLocale userLocale;
+    QLocale::setDefault(QLocale(QLocale::Dutch, QLocale::Netherlands));
+    QelMfc0Detach();
+    ASSERT_TRUE(QelMfc0Attach());
+
+    EXPECT_EQ(LoadQelString(QelStrings::MODE_NIGHT), "Nacht");
+    EXPECT_EQ(LoadQelString(QelStrings::MODE_TWILIGHT), "Schemering");
+    EXPECT_EQ(LoadQelString(QelStrings::MODE_BRIGHT), "Helder");
+    EXPECT_EQ(LoadQelString(QelStrings::IMPORT_IMAGE_TITLE), "Afbeelding importeren ") << "the trailing blank stays";
+    EXPECT_EQ(UnitCategoryDisplayName(UNIT_DEPTH), "Diepte-eenheden");
+    EXPECT_EQ(UnitCategoryName(UNIT_DEPTH), "Depth Units") << "the file key stays as the files write it";
+    UnitInfo unit;
+    ASSERT_TRUE(CQelUnitCnv::FindUnit(UNIT_DISTANCE, QStringLiteral("NM"), unit));
+    EXPECT_EQ(unit.name, "Zeemijl");
+    EXPECT_EQ(unit.key, "NM");
+    QString description, extension;
+    int pathKind = 0;
+    ASSERT_TRUE(DataSearch::GetDataSearch().GetFileTypeInfo(DataSearch::TYPE_PROJECT, description, extension, pathKind));
+    EXPECT_EQ(description, "Projectdefinitiebestand");
+
+    QLocale::setDefault(userLocale);
+    QelMfc0Detach();
+    ASSERT_TRUE(QelMfc0Attach());
+    if (userLocale.language() != QLocale::Dutch) {
+        EXPECT_EQ(LoadQelString(QelStrings::MODE_NIGHT), "Night") << "back in the user's language";
+    }
+}
