@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <QTranslator>
 #include <QelBase/DisplayScale.h>
+#include <QelMfc0/colour/ApplicationPalette.h>
 #include <VersionControl/VersionControl.h>
 #include <memory>
 
@@ -24,6 +25,7 @@ struct ModuleState {
     AttachState state = AttachState::Detached;
     QString lastError;
     std::unique_ptr<QTranslator> translator;
+    QelMfc0AttachOptions options;
 };
 
 ModuleState& Module()
@@ -49,8 +51,7 @@ double ScreenDpiScale()
 std::unique_ptr<QTranslator> LoadLanguageModule()
 {
     auto translator = std::make_unique<QTranslator>();
-    if (!translator->load(QLocale(), QStringLiteral("QelMfc0"), QStringLiteral("_"),
-                          QStringLiteral(":/QelMfc0/translations")))
+    if (!QelMfc0LoadTranslation(*translator, QLocale()))
         return nullptr;
     if (!QCoreApplication::installTranslator(translator.get()))
         return nullptr;
@@ -65,6 +66,35 @@ void AttachAtStartup()
 } // namespace
 
 Q_COREAPP_STARTUP_FUNCTION(AttachAtStartup)
+
+bool QelMfc0LoadTranslation(QTranslator& translator, const QLocale& locale)
+{
+    RegisterQelMfc0Resources();
+    return translator.load(locale, QStringLiteral("QelMfc0"), QStringLiteral("_"),
+                           QStringLiteral(":/QelMfc0/translations"));
+}
+
+void QelMfc0SetAttachOptions(const QelMfc0AttachOptions& options)
+{
+    ModuleState& module = Module();
+    const QelMfc0AttachOptions old = module.options;
+    module.options = options;
+    if (module.state != AttachState::Attached || !QCoreApplication::instance())
+        return;
+    if (old.installTranslator && !options.installTranslator && module.translator) {
+        QCoreApplication::removeTranslator(module.translator.get());
+        module.translator.reset();
+    } else if (!old.installTranslator && options.installTranslator && !module.translator) {
+        module.translator = LoadLanguageModule();
+    }
+    if (old.applyModeStyle && !options.applyModeStyle)
+        ApplicationPalette::RestoreOriginal();
+}
+
+QelMfc0AttachOptions QelMfc0CurrentAttachOptions()
+{
+    return Module().options;
+}
 
 QString QelMfc0BuildStamp()
 {
@@ -84,7 +114,7 @@ bool QelMfc0Attach()
     }
     RegisterQelMfc0Resources();
     SetDpiScaleProvider(&ScreenDpiScale);
-    if (QCoreApplication::instance())
+    if (QCoreApplication::instance() && module.options.installTranslator)
         module.translator = LoadLanguageModule();
     module.state = AttachState::Attached;
     module.lastError.clear();

@@ -10,6 +10,14 @@ include(GNUInstallDirs)
 
 set(QEL_GENERATED_INCLUDE_DIR ${PROJECT_BINARY_DIR}/include)
 
+# A shared library or plugin must resolve every symbol it uses when it is linked, as on
+# Windows; sanitizer builds leave their runtime's symbols to the program.
+function(qel_no_undefined_symbols target)
+  if(CMAKE_SYSTEM_NAME STREQUAL "Linux" AND QEL_SANITIZE STREQUAL "" AND NOT QEL_BUILD_FUZZERS)
+    target_link_options(${target} PRIVATE LINKER:--no-undefined)
+  endif()
+endfunction()
+
 function(qel_library target)
   cmake_parse_arguments(ARG "" "HEADER_DIR;SOURCE_ROOT" "" ${ARGN})
   generate_export_header(${target}
@@ -26,6 +34,7 @@ function(qel_library target)
     $<BUILD_INTERFACE:${ARG_SOURCE_ROOT}>
     $<BUILD_INTERFACE:${QEL_GENERATED_INCLUDE_DIR}>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+  qel_no_undefined_symbols(${target})
   add_library(QelMfc0::${target} ALIAS ${target})
 
   install(TARGETS ${target} EXPORT QelMfc0Targets

@@ -5,6 +5,7 @@
 #include <QStyleFactory>
 #include <QToolTip>
 #include <QelMfc0/ColorRef.h>
+#include <QelMfc0/QelMfc0.h>
 #include <QelMfc0/colour/ModeStyle.h>
 #include <initializer_list>
 
@@ -188,6 +189,8 @@ void ApplicationPalette::Apply(const WindowsColorMap& colors, const std::functio
     if (!qobject_cast<QApplication*>(QCoreApplication::instance()))
         return;
     Saved& saved = Original();
+    if (!QelMfc0CurrentAttachOptions().applyModeStyle)
+        return;
     if (colors.IsEmpty()) {
         if (saved.applied)
             RestoreOriginal();
@@ -204,6 +207,8 @@ void ApplicationPalette::RestoreOriginal()
     if (!qobject_cast<QApplication*>(QCoreApplication::instance()))
         return;
     Saved& saved = Original();
+    if (!saved.applied)
+        return;
     RestoreOwnStyle();
     SetPalettes(saved.palette, WindowsColorMap());
     saved.applied = false;

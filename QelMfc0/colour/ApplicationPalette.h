@@ -49,8 +49,9 @@ public:
     static QPalette ClassPalette(const QPalette& palette, const WindowsColorMap& colors, const char* className);
 
     // Shows the application in the system colours `colors` (the original look when empty), with
-    // the style's icons passed through `iconFilter`.
+    // the style's icons passed through `iconFilter`. Nothing when the host declined the style
+    // (QelMfc0AttachOptions::applyModeStyle).
     static void Apply(const WindowsColorMap& colors, const std::function<void(QImage&)>& iconFilter);
-    // Puts the user's own palette and style back.
+    // Puts the user's own palette and style back; nothing when they were never replaced.
     static void RestoreOriginal();
 };

@@ -50,11 +50,13 @@ public:
     COLORREF GetGrayColor(COLORREF color) const;
     // Scales the low colour and every entry colour of a table by the mode's factors.
     void RemapColorTable(ColorTable& table) const;
-    // Converts a 32-bit image in place like GetColor, leaving the transparent key colour
-    // 0xC0C0C0 and the alpha byte alone; images of other formats are left unchanged. The
-    // lowest byte of a pixel (blue) gets the red factor, as colour-map files expect.
+    // Converts a 32-bit image (RGB32, ARGB32, RGBX8888, RGBA8888 and their premultiplied
+    // forms) in place like GetColor, leaving the transparent key colour 0xC0C0C0 and the alpha
+    // alone; images of other formats are left unchanged. Every format gives the colours of the
+    // same picture in ARGB32, where the lowest byte of a pixel (blue) gets the red factor, as
+    // colour-map files expect; premultiplied images stay validly premultiplied.
     void RemapBitmap(QImage& image) const;
-    // Turns every pixel of a 32-bit image, but the key colour, into its GetGrayColor grey.
+    // Turns every pixel of such an image, but the key colour, into its GetGrayColor grey.
     void RemapBitmapGray(QImage& image) const;
 
     // "Normal", "Night", "Twilight", "Bright"; "Unknown" for any other value.
@@ -93,7 +95,7 @@ public:
     // ColorMap::GetErrors); each line is also logged as a warning when the file is read.
     const QStringList& GetColorMapErrors() const;
 
-signals:
+Q_SIGNALS:
     // The mode changed and its colours are in force (sent with the subscription notification).
     void lightModeChanged(ColorConverter::mode mode);
 

@@ -136,7 +136,7 @@ public:
     // Button column plus an edit's minimum width; two edits high.
     QSize minimumSizeHint() const override;
 
-signals:
+Q_SIGNALS:
     // Text of an edit changed by the user or the host (COORD_NOTIFY_CHANGED).
     void changed();
     // A format was picked from the menu (COORD_NOTIFY_FORMAT).

@@ -118,7 +118,7 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
-signals:
+Q_SIGNALS:
     // The edit's text changed by typing (or by a host writing it); the control is no longer empty.
     void changed();
     // Another unit was chosen from the menu; the text already shows the value in it.

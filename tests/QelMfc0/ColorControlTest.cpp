@@ -12,6 +12,7 @@
 #include <QTemporaryDir>
 #include <QToolTip>
 #include <QelConfigure/DataSearch.h>
+#include <QelMfc0/QelMfc0.h>
 #include <QelMfc0/colour/ColorControl.h>
 #include <QelMfc0/colour/ThemePlatform.h>
 #include <QelSubscriber/SubscriptionManager.h>
@@ -281,6 +282,32 @@ TEST_F(ThemeSwitchTest, TheApplicationPaletteFollowsTheModeAndComesBackExactly)
             cc.SetLightMode(ColorConverter::twilight, true);
         EXPECT_TRUE(snapshot() == original);
     }
+}
+
+TEST_F(ThemeSwitchTest, AHostThatDeclinesTheStyleKeepsItsPaletteAndStyle)
+{
+    fake->canSwitch = false;
+    WriteMap("night", "[WIN_COLORS]\nbtnface = 10 20 30\n");
+    const QString styleName = QApplication::style()->name();
+    const QColor button = QApplication::palette().color(QPalette::Button);
+    ASSERT_NE(button, QColor(10, 20, 30));
+    for (const bool declined : { false, true }) {
+        SCOPED_TRACE(declined ? "declined" : "default");
+        QelMfc0AttachOptions options;
+        options.applyModeStyle = !declined;
+        QelMfc0SetAttachOptions(options);
+        ColorControl cc;
+        cc.SetLightMode(ColorConverter::night, true);
+        EXPECT_EQ(QApplication::palette().color(QPalette::Button) == button, declined);
+        EXPECT_EQ(QApplication::style()->name() == styleName, declined);
+        if (!declined) {
+            QelMfc0SetAttachOptions(QelMfc0AttachOptions { true, false });
+            EXPECT_EQ(QApplication::palette().color(QPalette::Button), button) << "declining later restores the host's own";
+            EXPECT_EQ(QApplication::style()->name(), styleName);
+        }
+        cc.SetLightMode(ColorConverter::normal, true);
+    }
+    QelMfc0SetAttachOptions(QelMfc0AttachOptions());
 }
 
 TEST_F(ThemeSwitchTest, AColourMapMadeInAModeRecordsTheModesSystemColours)
