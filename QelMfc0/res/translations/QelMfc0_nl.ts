@@ -608,6 +608,17 @@
     </message>
 </context>
 <context>
+    <name>QelDesignerPlugin</name>
+    <message>
+        <source>Position entry: a format button and two edits (lat/lon or X/Y)</source>
+        <translation>Positie-invoer: een formaatknop en twee invoervelden (br/lg of X/Y)</translation>
+    </message>
+    <message>
+        <source>Distance entry: a unit button and an edit</source>
+        <translation>Afstandsinvoer: een eenheidsknop en een invoerveld</translation>
+    </message>
+</context>
+<context>
     <name>QelGeoCoordSys</name>
     <message>
         <source>Empty coordinate system definition</source>
