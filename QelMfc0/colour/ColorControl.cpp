@@ -13,6 +13,7 @@
 #include <QelSubscriber/SubscriptionManager.h>
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <thread>
 #include <vector>
 
@@ -46,12 +47,24 @@ ThemePlatform& Platform()
     return *state.platform;
 }
 
-// The 32-bit formats whose pixels are 0xAARRGGBB words, like the system's 32-bit bitmaps.
-bool Is32BitImage(const QImage& image)
+// How a 32-bit image with 8-bit channels holds them; nothing for other formats.
+std::optional<BitmapRemapper::PixelLayout> PixelLayoutOf(const QImage& image)
 {
-    const QImage::Format format = image.format();
-    return format == QImage::Format_RGB32 || format == QImage::Format_ARGB32
-        || format == QImage::Format_ARGB32_Premultiplied;
+    using Layout = BitmapRemapper::PixelLayout;
+    switch (image.format()) {
+    case QImage::Format_RGB32:
+    case QImage::Format_ARGB32:
+        return Layout::Argb32;
+    case QImage::Format_ARGB32_Premultiplied:
+        return Layout::Argb32Premultiplied;
+    case QImage::Format_RGBX8888:
+    case QImage::Format_RGBA8888:
+        return Layout::Rgba8888;
+    case QImage::Format_RGBA8888_Premultiplied:
+        return Layout::Rgba8888Premultiplied;
+    default:
+        return std::nullopt;
+    }
 }
 
 // Converts the rows of an image, in slices on the global thread pool for large images.
@@ -209,15 +222,25 @@ void ColorControl::RemapColorTable(ColorTable& table) const
 
 void ColorControl::RemapBitmap(QImage& image) const
 {
-    if (!Is32BitImage(image) || image.isNull())
+    const auto layout = PixelLayoutOf(image);
+    if (!layout || image.isNull() || m_remapper.IsIdentity())
         return;
-    ForEachRowSlice(image, [this](quint32* line, int width) { m_remapper.Remap(line, width); });
+    ForEachRowSlice(image, [this, layout](quint32* line, int width) { m_remapper.Remap(line, width, *layout); });
 }
 
 void ColorControl::RemapBitmapGray(QImage& image) const
 {
-    if (!Is32BitImage(image) || image.isNull())
+    const auto layout = PixelLayoutOf(image);
+    if (!layout || image.isNull())
         return;
+    if (*layout != BitmapRemapper::PixelLayout::Argb32) {
+        // Other byte orders and premultiplied colours through the straight 0xAARRGGBB form.
+        const QImage::Format format = image.format();
+        image.convertTo(QImage::Format_ARGB32);
+        RemapBitmapGray(image);
+        image.convertTo(format);
+        return;
+    }
     ForEachRowSlice(image, [](quint32* line, int width) {
         for (int x = 0; x < width; ++x) {
             const quint32 color = line[x] & 0x00FFFFFFu;

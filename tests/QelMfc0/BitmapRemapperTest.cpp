@@ -1,8 +1,18 @@
-// The vector image conversion must give exactly the pixels of the one-pixel form.
+// The image conversion of the colour modes: its vector form on every instruction set this
+// processor has must give exactly the pixels of the one-pixel form, for the shipped maps and for
+// maps of any factors and substitutions, and images of every 32-bit format the colours of the
+// same picture in ARGB32.
+#include <QImage>
+#include <QPixelFormat>
 #include <QelBase/FileObject.h>
 #include <QelMfc0/colour/BitmapRemapper.h>
+#include <QelMfc0/colour/ColorControl.h>
 #include <QelMfc0/colour/ColorMap.h>
+#include <algorithm>
+#include <common/TestProject.h>
+#include <functional>
 #include <gtest/gtest.h>
+#include <hwy/targets.h>
 #include <random>
 #include <vector>
 
@@ -15,52 +25,134 @@ ColorMap Load(const QString& text)
     map.Load(file);
     return map;
 }
+
+// Runs `check` once on each instruction set that this processor has and the library was built
+// for, the conversion forced onto it, then lets the library choose again.
+void OnEveryVectorTarget(const std::function<void()>& check)
+{
+    struct Restore {
+        ~Restore() { hwy::SetSupportedTargetsForTest(0); }
+    } restore;
+    for (const int64_t target : hwy::SupportedAndGeneratedTargets()) {
+        SCOPED_TRACE(hwy::TargetName(target));
+        hwy::SetSupportedTargetsForTest(target);
+        ASSERT_STREQ(BitmapRemapper::VectorTarget(), hwy::TargetName(target));
+        check();
+    }
+}
+
+// Pixels of every kind, in flat runs and as noise, with any alpha: substituted colours, the key
+// colour, colours only a top byte apart from a substituted one, others.
+std::vector<quint32> MixedPixels(const ColorMap& map, std::mt19937& random, size_t count)
+{
+    const auto& subs = map.Substitutions();
+    std::vector<quint32> pixels;
+    while (pixels.size() < count) {
+        const quint32 kind = random() % 4;
+        quint32 color = kind == 1 ? 0xC0C0C0 : random() & 0xFFFFFF;
+        if (kind == 0 && !subs.empty())
+            color = subs[random() % subs.size()].first & 0xFFFFFF;
+        for (size_t i = 0, run = kind == 3 ? 1 : 1 + random() % 40; i < run; ++i)
+            pixels.push_back((random() & 0xFF000000u) | ((random() & 7) == 0 ? (random() & 0xFFFFFF) : color));
+    }
+    pixels.resize(count);
+    return pixels;
+}
+
+// Converts the pixels in pieces of every length from 1 to 48 and then in one long piece, so
+// that every start and every tail shorter than a vector occurs; the number of pixels unlike
+// RemapPixel's, and of pixels changed beyond a piece.
+int CountWrongPixels(const BitmapRemapper& remapper, const std::vector<quint32>& pixels)
+{
+    std::vector<quint32> converted = pixels;
+    converted.push_back(0x12345678u); // never part of a piece
+    size_t offset = 0;
+    for (size_t length = 1; offset + length <= pixels.size() / 2; ++length) {
+        remapper.Remap(converted.data() + offset, qsizetype(length));
+        offset += length;
+        length %= 48;
+    }
+    remapper.Remap(converted.data() + offset, qsizetype(pixels.size() - offset));
+    int wrong = converted.back() != 0x12345678u;
+    for (size_t i = 0; i < pixels.size(); ++i)
+        wrong += converted[i] != remapper.RemapPixel(pixels[i]);
+    return wrong;
+}
+
+class ShippedMaps : public ::testing::Test
+{
+protected:
+    // A control in each mode of a shipped map.
+    std::vector<std::pair<const char*, ColorControl>> Modes()
+    {
+        std::vector<std::pair<const char*, ColorControl>> modes;
+        for (const auto& [name, mode] : { std::pair("night", ColorConverter::night), std::pair("twilight", ColorConverter::twilight),
+                                          std::pair("bright", ColorConverter::bright) }) {
+            modes.emplace_back(name, ColorControl());
+            modes.back().second.SetLightMode(mode, false);
+        }
+        return modes;
+    }
+
+    TestProject project;
+};
 } // namespace
 
-TEST(BitmapRemapper, VectorAndPixelFormsAgreeForEveryFactorAndMap)
+TEST_F(ShippedMaps, VectorFormsGiveThePixelsOfThePixelForm)
 {
-    std::mt19937 random(2026);
-    int vectorCases = 0, wideCases = 0;
-    const double factors[][3] = { { 0.42, 0.34, 0.30 }, { 1.0, 1.0, 1.0 }, { 1.2, 2.5, 0.0 }, { 255.0, 0.001, 1e6 } };
-    for (const auto& f : factors) {
-        for (int substitutions : { 0, 1, 64, 255, 300 }) {
-            const bool invert = substitutions % 2 == 0;
-            SCOPED_TRACE(testing::Message() << f[0] << " " << f[1] << " " << f[2] << " subs " << substitutions);
-            ColorConverter converter;
-            converter.SetParameters(f[0], f[1], f[2], invert);
-            QString text = QStringLiteral("[QEL_COLORS]\n%1 = 5\n").arg(0x01123456u); // top byte: never a pixel
-            for (int i = 0; i < substitutions; ++i)
-                text += QStringLiteral("%1 = %2\n").arg(random() & 0xFFFFFF).arg(random());
-            const ColorMap map = Load(text);
-            const BitmapRemapper remapper(map, converter);
-            vectorCases += remapper.UsesVectorPath();
-            wideCases += remapper.UsesWidePath();
-            // Flat runs (substituted, key colour, others) and noise.
-            std::vector<quint32> pixels;
-            const auto& subs = map.Substitutions();
-            while (pixels.size() < 20000) {
-                const quint32 kind = random() % 4;
-                quint32 color = kind == 1 ? 0xC0C0C0 : random() & 0xFFFFFF;
-                if (kind == 0 && !subs.empty())
-                    color = subs[random() % subs.size()].first & 0xFFFFFF;
-                for (size_t i = 0, run = kind == 3 ? 1 : 1 + random() % 40; i < run; ++i)
-                    pixels.push_back((random() & 0xFF000000u) | ((random() & 7) == 0 ? (random() & 0xFFFFFF) : color));
-            }
-            const std::vector<quint32> original = pixels;
-            remapper.Remap(pixels.data(), qsizetype(pixels.size()) - 3); // a tail shorter than a vector
-            size_t wrong = 0;
-            for (size_t i = 0; i + 3 < pixels.size(); ++i)
-                wrong += pixels[i] != remapper.RemapPixel(original[i]);
-            EXPECT_EQ(wrong, 0u);
-            EXPECT_TRUE(std::equal(pixels.end() - 3, pixels.end(), original.end() - 3)) << "beyond the count";
-        }
+    ASSERT_TRUE(project.IsOpen());
+    std::mt19937 random(7);
+    for (const auto& [name, control] : Modes()) {
+        SCOPED_TRACE(name);
+        const BitmapRemapper remapper(control.GetColorMap(), control.GetConverter());
+        ASSERT_FALSE(remapper.IsIdentity()) << "the shipped map was not read";
+        const std::vector<quint32> pixels = MixedPixels(control.GetColorMap(), random, 6000);
+        OnEveryVectorTarget([&] { EXPECT_EQ(CountWrongPixels(remapper, pixels), 0); });
     }
-#if defined(__GNUC__) && defined(__x86_64__)
-    if (__builtin_cpu_supports("avx2"))
-        EXPECT_GT(vectorCases, 10) << "most cases must take the vector form on this processor";
-    if (__builtin_cpu_supports("avx512f"))
-        EXPECT_GT(wideCases, 5) << "maps of up to 64 colours must take the sixteen-pixel form";
-#endif
+}
+
+TEST(BitmapRemapper, VectorFormsGiveThePixelsOfThePixelFormForAnyMap)
+{
+    // Substitution counts for no table, one level of hashing (up to a few hundred colours) and
+    // two levels (more); factors at random, unit factors (channels kept or only inverted),
+    // factors whose table rounds some halves down and others up (0.70: 5 * 0.7 is just below
+    // 3.5, 15 * 0.7 exactly 10.5), extremes.
+    std::mt19937 random(2026);
+    std::uniform_real_distribution<double> factor(0.0, 1.6);
+    const struct {
+        int substitutions;
+        bool randomFactors;
+        double f[3];
+        bool invert;
+    } cases[] = {
+        { 0, true, {}, true },         { 1, true, {}, false },          { 53, true, {}, true },
+        { 255, true, {}, false },      { 300, true, {}, true },         { 5000, true, {}, false },
+        { 40, false, { 1, 1, 1 }, false }, { 0, false, { 1, 1, 1 }, true }, { 700, false, { 1, 1, 1 }, true },
+        { 64, false, { 255.0, 0.001, 1e6 }, true }, { 21, false, { 0.70, 0.68, 0.64 }, false },
+        { 2, false, { 0.35, 1.38, 0.41 }, true },
+    };
+    for (const auto& c : cases) {
+        ColorConverter converter;
+        const double f[3] = { c.randomFactors ? factor(random) : c.f[0], c.randomFactors ? factor(random) : c.f[1],
+                              c.randomFactors ? factor(random) : c.f[2] };
+        converter.SetParameters(f[0], f[1], f[2], c.invert);
+        SCOPED_TRACE(testing::Message() << f[0] << " " << f[1] << " " << f[2] << " invert " << c.invert << " substitutions "
+                                        << c.substitutions);
+        // The key colour and colours with a top byte in the map, which no pixel may take.
+        QString text = QStringLiteral("[QEL_COLORS]\n%1 = 5\n%2 = 6\n").arg(0x01123456u).arg(0xC0C0C0);
+        for (int i = 0; i < c.substitutions; ++i)
+            text += QStringLiteral("%1 = %2\n").arg(random() & 0xFFFFFF).arg(random());
+        const ColorMap map = Load(text);
+        const BitmapRemapper remapper(map, converter);
+        const std::vector<quint32> pixels = MixedPixels(map, random, 4000);
+        OnEveryVectorTarget([&] { EXPECT_EQ(CountWrongPixels(remapper, pixels), 0); });
+    }
+
+    const BitmapRemapper identity;
+    std::vector<quint32> pixels = { 0x12345678u, 0xFFC0C0C0u };
+    identity.Remap(pixels.data(), 2);
+    EXPECT_TRUE(identity.IsIdentity());
+    EXPECT_EQ(pixels, (std::vector<quint32> { 0x12345678u, 0xFFC0C0C0u }));
 }
 
 TEST(BitmapRemapper, PixelFormFollowsTheColourRules)
@@ -73,4 +165,85 @@ TEST(BitmapRemapper, PixelFormFollowsTheColourRules)
     EXPECT_EQ(remapper.RemapPixel(0x400000FFu), 0x40FFFF00u) << "substituted, alpha kept";
     EXPECT_EQ(remapper.RemapPixel(0xFF000000u), 0xFF40FF80u) << "black inverted, lowest byte by the red factor";
     EXPECT_EQ(BitmapRemapper().RemapPixel(0x12345678u), 0x12345678u);
+}
+
+TEST(BitmapRemapper, RunsInVectorsWhereTheProcessorHasThem)
+{
+    const std::string target = BitmapRemapper::VectorTarget();
+#if defined(__x86_64__) || defined(_M_X64)
+    // Every x86-64 processor has SSSE3 or better since 2006; Highway's AVX2 form needs FMA and
+    // BMI2 as well, its AVX3 form AVX-512 F, VL, DQ and BW.
+    EXPECT_NE(target, "EMU128");
+    EXPECT_NE(target, "SCALAR");
+#if defined(__GNUC__)
+    if (__builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512vl") && __builtin_cpu_supports("avx512dq")
+        && __builtin_cpu_supports("avx512bw")) {
+        EXPECT_EQ(target.rfind("AVX3", 0), 0u) << target;
+    } else if (__builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma") && __builtin_cpu_supports("bmi2")) {
+        EXPECT_EQ(target, "AVX2");
+    }
+#endif
+#else
+    EXPECT_FALSE(target.empty());
+#endif
+}
+
+// Every pixel of a 32-bit image through `fn`.
+template <typename Fn>
+QImage MapPixels(QImage image, QImage::Format format, Fn fn)
+{
+    image = image.convertToFormat(format);
+    for (int y = 0; y < image.height(); ++y) {
+        auto* line = reinterpret_cast<quint32*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x)
+            line[x] = fn(line[x]);
+    }
+    return image;
+}
+
+TEST_F(ShippedMaps, EveryImageFormatGivesTheColoursOfArgb32)
+{
+    ASSERT_TRUE(project.IsOpen());
+    // A picture with every substituted colour, the key colour, noise, and alpha from 0 to 255;
+    // 97 pixels wide, so that each row ends in a partial vector.
+    std::mt19937 random(11);
+    for (const auto& [name, control] : Modes()) {
+        SCOPED_TRACE(name);
+        QImage picture(97, 31, QImage::Format_ARGB32);
+        const std::vector<quint32> pixels = MixedPixels(control.GetColorMap(), random, size_t(97 * 31));
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                picture.setPixel(x, y, pixels[size_t(y * 97 + x)]);
+        for (int x = 0; x < 97; ++x)
+            picture.setPixel(x, 0, qRgba(x * 40, x * 11, x * 3, x * 255 / 96));
+        for (const QImage::Format format :
+             { QImage::Format_RGB32, QImage::Format_ARGB32, QImage::Format_ARGB32_Premultiplied, QImage::Format_RGBX8888,
+               QImage::Format_RGBA8888, QImage::Format_RGBA8888_Premultiplied }) {
+            SCOPED_TRACE(format);
+            QImage image = picture.convertToFormat(format);
+            // The same pixels as 0xAARRGGBB words (only the bytes move), converted in ARGB32;
+            // premultiplied ones in straight form by Qt's qUnpremultiply and back.
+            const bool premultiplied = image.pixelFormat().premultiplied() == QPixelFormat::Premultiplied;
+            const QImage::Format wordFormat = premultiplied ? QImage::Format_ARGB32_Premultiplied : QImage::Format_ARGB32;
+            QImage expected = MapPixels(image, wordFormat, [&](quint32 p) { return premultiplied ? qUnpremultiply(p) : p; });
+            expected.reinterpretAsFormat(QImage::Format_ARGB32);
+            control.RemapBitmap(expected);
+            expected = MapPixels(expected, QImage::Format_ARGB32, [&](quint32 p) { return premultiplied ? qPremultiply(p) : p; });
+
+            control.RemapBitmap(image);
+            ASSERT_EQ(image.format(), format);
+            int wrong = 0, invalid = 0;
+            const QImage words = image.convertToFormat(wordFormat);
+            for (int y = 0; y < words.height(); ++y) {
+                for (int x = 0; x < words.width(); ++x) {
+                    const quint32 p = reinterpret_cast<const quint32*>(words.constScanLine(y))[x];
+                    wrong += p != reinterpret_cast<const quint32*>(expected.constScanLine(y))[x];
+                    invalid += premultiplied && std::max({ qRed(p), qGreen(p), qBlue(p) }) > qAlpha(p);
+                }
+            }
+            EXPECT_EQ(wrong, 0);
+            EXPECT_EQ(invalid, 0) << "not a valid premultiplied image";
+            EXPECT_NE(image, picture.convertToFormat(format)) << "not converted at all";
+        }
+    }
 }

@@ -207,7 +207,7 @@ TEST(ColourConversion, GreyAndHalfBrightnessColours)
 TEST_F(ColourMapTest, RemapBitmapConvertsOnly32BitImagesPixelByPixel)
 {
     const ColorControl cc = NightControl("[QEL_COLORS]\n255 = 16776960\n[PARAMS]\nred = 0.5\nblue = 0.25\ninvert = 1\n");
-    for (QImage::Format format : { QImage::Format_RGB888, QImage::Format_Indexed8, QImage::Format_RGBA8888 }) {
+    for (QImage::Format format : { QImage::Format_RGB888, QImage::Format_Indexed8, QImage::Format_RGB30 }) {
         QImage image = QImage(4, 3, QImage::Format_ARGB32).convertToFormat(format);
         image.fill(Qt::red); // substituted and scaled if it were converted
         const QImage before = image.copy();
