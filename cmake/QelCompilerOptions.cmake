@@ -2,7 +2,7 @@
 if(MSVC)
   add_compile_options(/W4 /permissive- /utf-8)
 else()
-  add_compile_options(-Wall -Wextra -Wpedantic -Wno-unused-parameter)
+  add_compile_options(-Wall -Wextra -Wpedantic)
 endif()
 
 if(QEL_BUILD_FUZZERS)
