@@ -244,6 +244,15 @@ TEST_F(ShippedMaps, EveryImageFormatGivesTheColoursOfArgb32)
             EXPECT_EQ(wrong, 0);
             EXPECT_EQ(invalid, 0) << "not a valid premultiplied image";
             EXPECT_NE(image, picture.convertToFormat(format)) << "not converted at all";
+
+            // The disabled look takes the colours by colour too.
+            if (!premultiplied) {
+                QImage gray = picture.convertToFormat(format);
+                QImage grayViaArgb32 = gray.convertToFormat(QImage::Format_ARGB32);
+                control.RemapBitmapGray(gray);
+                control.RemapBitmapGray(grayViaArgb32);
+                EXPECT_EQ(gray, grayViaArgb32.convertToFormat(format));
+            }
         }
     }
 }
