@@ -2,10 +2,7 @@
 
 #include "QelMfc0/StringTable.h"
 #include "QelMfc0/controls/InputMarker.h"
-#include "QelMfc0/controls/PlaceholderReplacement.h"
-#include "QelMfc0/controls/ProjectFollower.h"
 
-#include <QelBase/DisplayScale.h>
 #include <QelBase/GeoText.h>
 #include <QelBase/NumberText.h>
 #include <QelConfigure/DataSearch.h>
@@ -13,17 +10,13 @@
 #include <QelConfigure/QelGeoCoordSysBase.h>
 
 #include <QAction>
-#include <QApplication>
-#include <QEvent>
-#include <QFont>
 #include <QLineEdit>
 #include <QMenu>
-#include <QPointer>
 #include <QPushButton>
-#include <QResizeEvent>
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -52,11 +45,13 @@ int commandOf(CCoordinateCtrl::format_type format)
 } // namespace
 
 CCoordinateCtrl::CCoordinateCtrl(bool geogOnly, bool gridOnly, QWidget* parent)
-    : QWidget(parent)
+    : ButtonEditComposite({"formatButton", kButtonId}, {{"edit1", kEdit1Id}, {"edit2", kEdit2Id}}, parent)
     , m_geogOnly(geogOnly)
     , m_gridOnly(gridOnly)
     , m_useCoordSys(!geogOnly && !gridOnly)
 {
+    Edit1()->setToolTipDuration(30000);
+    Edit2()->setToolTipDuration(30000);
     readProjectSettings();
     const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition();
     int coordFormat = ProjectDefinition::COORD_GRID;
@@ -64,19 +59,18 @@ CCoordinateCtrl::CCoordinateCtrl(bool geogOnly, bool gridOnly, QWidget* parent)
         coordFormat = ProjectDefinition::COORD_GEOGRAPHIC;
     else if (!gridOnly && project)
         coordFormat = project->GetCoordinateFormat();
-    applyProjectCoordFormat(coordFormat);
-    ProjectFollower::Follow(this, [this] { onProjectClosing(); }, [this] { onProjectChanged(); });
+    m_format = projectFormat(coordFormat);
+    FormatButton()->setText(FormatLabel(m_format));
+    applyTooltipRule();
+    m_told = {heldPosition(), m_format, Decimals(), m_geogOnly, m_gridOnly};
 }
 
-CCoordinateCtrl::~CCoordinateCtrl()
+CCoordinateCtrl::CCoordinateCtrl(QWidget* parent)
+    : CCoordinateCtrl(false, false, parent)
 {
-    // The edits must not report their destruction as a focus change to a half-destroyed control.
-    m_notify = false;
-    if (m_edit1)
-        m_edit1->removeEventFilter(this);
-    if (m_edit2)
-        m_edit2->removeEventFilter(this);
 }
+
+CCoordinateCtrl::~CCoordinateCtrl() = default;
 
 void CCoordinateCtrl::readProjectSettings()
 {
@@ -103,284 +97,247 @@ void CCoordinateCtrl::onProjectClosing()
 {
     // Typed text is read in the terms it was typed in, while the old project is still open.
     m_hadCoordSys = coordSys() != nullptr;
-    if (!m_empty)
+    if (!IsEmpty())
         readPosition();
 }
 
 void CCoordinateCtrl::onProjectChanged()
 {
     readProjectSettings();
-    if (m_button)
-        m_button->setText(FormatLabel(m_format));
-    if (m_empty) {
-        checkInput();
-        return;
-    }
-    if (const QelGeoCoordSysBase* system = coordSys()) {
+    FormatButton()->setText(FormatLabel(m_format));
+    if (!IsEmpty()) {
         // Both forms agreed in the old project: keep the place on earth. Without a coordinate
         // system there, the form the control showed is kept and the other one derived.
-        if (m_hadCoordSys || isGeographic(m_format))
-            system->GeoToGrid(m_latitude, m_longitude, m_x, m_y);
-        else
-            system->GridToGeo(m_x, m_y, m_latitude, m_longitude);
+        completePosition(m_hadCoordSys || isGeographic(m_format));
+        m_valid = true;
+        showPosition();
     }
-    m_valid = true;
-    showPosition();
-    checkInput();
+    CheckInput();
 }
 
-void CCoordinateCtrl::applyGeogsFlags()
+CCoordinateCtrl::format_type CCoordinateCtrl::geogsFlagsFormat() const
 {
     switch (m_geogsFlags) {
-    case GeogsFlags::DEGREES: m_format = fmt_degrees; break;
-    case GeogsFlags::MINUTES: m_format = fmt_minutes; break;
-    case GeogsFlags::SECONDS: m_format = fmt_seconds; break;
-    default: break;
+    case GeogsFlags::DEGREES: return fmt_degrees;
+    case GeogsFlags::MINUTES: return fmt_minutes;
+    case GeogsFlags::SECONDS: return fmt_seconds;
+    default: return m_format;
     }
 }
 
-void CCoordinateCtrl::applyProjectCoordFormat(int projectCoordFormat)
+CCoordinateCtrl::format_type CCoordinateCtrl::projectFormat(int projectCoordFormat) const
 {
     if (projectCoordFormat == ProjectDefinition::COORD_GRID)
-        m_format = fmt_grid;
-    else if (projectCoordFormat == ProjectDefinition::COORD_GEOGRAPHIC)
-        applyGeogsFlags();
+        return fmt_grid;
+    return projectCoordFormat == ProjectDefinition::COORD_GEOGRAPHIC ? geogsFlagsFormat() : m_format;
 }
 
-bool CCoordinateCtrl::Create(const QRect& rect, QWidget* parent, int id)
+void CCoordinateCtrl::completePosition(bool fromGeographic)
 {
-    if (m_created)
-        return false;
-    m_notify = false;
-    m_id = id;
-    if (parent && parent != parentWidget())
-        setParent(parent);
-    setGeometry(rect);
+    const QelGeoCoordSysBase* system = coordSys();
+    Position& p = m_position;
+    if (system && fromGeographic)
+        system->GeoToGrid(p.latitude, p.longitude, p.x, p.y);
+    else if (system)
+        system->GridToGeo(p.x, p.y, p.latitude, p.longitude);
+}
 
-    const QFont font = parentFont();
-    m_button = new QPushButton(FormatLabel(m_format), this);
-    m_button->setObjectName(QStringLiteral("formatButton"));
-    m_button->setFont(font);
-    m_button->setAutoDefault(false);
-    connect(m_button, &QPushButton::clicked, this, &CCoordinateCtrl::onButtonClicked);
+void CCoordinateCtrl::SetGeogOnly(bool geogOnly)
+{
+    setOnly(true, geogOnly);
+}
 
-    m_edit1 = new QLineEdit(this);
-    m_edit1->setObjectName(QStringLiteral("edit1"));
-    m_edit2 = new QLineEdit(this);
-    m_edit2->setObjectName(QStringLiteral("edit2"));
-    for (QLineEdit* edit : {m_edit1, m_edit2}) {
-        edit->setFont(font);
-        edit->setReadOnly(m_readOnly);
-        edit->setToolTipDuration(30000);
-        edit->installEventFilter(this);
-        connect(edit, &QLineEdit::textChanged, this, &CCoordinateCtrl::onTextChanged);
+void CCoordinateCtrl::SetGridOnly(bool gridOnly)
+{
+    setOnly(false, gridOnly);
+}
+
+void CCoordinateCtrl::setOnly(bool geographic, bool on)
+{
+    if (!on) {
+        // Leaving the mode the control is in gives both kinds; leaving another one nothing.
+        if (geographic ? m_geogOnly : m_gridOnly)
+            SetGeogGrid();
+        return;
     }
-    m_marker1 = new InputMarker(m_edit1);
-    m_marker2 = new InputMarker(m_edit2);
-    // Focus given to the control goes to the format button; Tab then walks button, edit 1, edit 2.
-    setFocusPolicy(Qt::TabFocus);
-    setFocusProxy(m_button);
-    QWidget::setTabOrder(m_button, m_edit1);
-    QWidget::setTabOrder(m_edit1, m_edit2);
-
-    m_created = true;
-    layoutChildren();
-    applyTooltipRule();
-    if (!m_empty)
-        showPosition();
-    if (parentWidget())
-        QWidget::show();
-    m_notify = true;
-    return true;
-}
-
-bool CCoordinateCtrl::CreateFromStatic(QWidget* placeholder)
-{
-    if (m_created || !placeholder || !placeholder->parentWidget())
-        return false;
-    bool idOk = false;
-    const int id = placeholder->property("id").toInt(&idOk);
-    if (!Create(placeholder->geometry(), placeholder->parentWidget(), idOk ? id : 0))
-        return false;
-    bool ok = false;
-    const QString text = ReplacePlaceholder(placeholder, this, &ok);
-    if (ok) {
-        // The children follow the button in the tab chain, wherever it was placed.
-        QWidget::setTabOrder(m_button, m_edit1);
-        QWidget::setTabOrder(m_edit1, m_edit2);
-        if (!text.isEmpty())
-            setAccessibleName(text);
-    }
-    return ok;
-}
-
-bool CCoordinateCtrl::CreateFromStatic(const QString& objectName, QWidget* parent)
-{
-    QWidget* placeholder = FindPlaceholder(parent, objectName);
-    return placeholder && CreateFromStatic(placeholder);
-}
-
-void CCoordinateCtrl::SetGeogOnly()
-{
-    m_geogOnly = true;
-    m_gridOnly = false;
-    applyGeogsFlags();
-}
-
-void CCoordinateCtrl::SetGridOnly()
-{
-    m_geogOnly = false;
-    m_gridOnly = true;
-    m_format = fmt_grid;
+    m_geogOnly = geographic;
+    m_gridOnly = !geographic;
+    SetFormatType(geographic ? geogsFlagsFormat() : fmt_grid);
+    announceChanges();
 }
 
 void CCoordinateCtrl::SetGeogGrid()
 {
     m_geogOnly = false;
     m_gridOnly = false;
-    const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition();
-    applyProjectCoordFormat(project ? int(project->GetCoordinateFormat()) : int(ProjectDefinition::COORD_GRID));
+    if (!m_useCoordSys && !IsEmpty()) {
+        // The form the control shows gives the other one from now on.
+        readPosition();
+        m_useCoordSys = true;
+        completePosition(isGeographic(m_format));
+    }
     m_useCoordSys = true;
+    const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition();
+    SetFormatType(projectFormat(project ? int(project->GetCoordinateFormat()) : int(ProjectDefinition::COORD_GRID)));
+    announceChanges();
 }
 
 void CCoordinateCtrl::SetCoordinateFormat(int projectCoordFormat)
 {
-    applyProjectCoordFormat(projectCoordFormat);
+    SetFormatType(projectFormat(projectCoordFormat));
 }
 
 void CCoordinateCtrl::SetLatLon(double latitude, double longitude)
 {
-    m_latitude = latitude;
-    m_longitude = longitude;
-    if (const QelGeoCoordSysBase* system = coordSys())
-        system->GeoToGrid(latitude, longitude, m_x, m_y);
-    m_valid = true;
-    m_empty = false;
-    showPosition();
+    setPosition(true, latitude, longitude);
 }
 
 void CCoordinateCtrl::SetXY(double x, double y)
 {
-    m_x = x;
-    m_y = y;
-    if (const QelGeoCoordSysBase* system = coordSys())
-        system->GridToGeo(x, y, m_latitude, m_longitude);
+    setPosition(false, x, y);
+}
+
+void CCoordinateCtrl::setPosition(bool geographic, double first, double second)
+{
+    (geographic ? m_position.latitude : m_position.x) = first;
+    (geographic ? m_position.longitude : m_position.y) = second;
+    completePosition(geographic);
     m_valid = true;
-    m_empty = false;
+    SetEmpty(false);
     showPosition();
+    announceChanges();
 }
 
 bool CCoordinateCtrl::GetLatLon(double& latitude, double& longitude)
 {
-    if (m_empty)
-        return false;
-    readPosition();
-    latitude = m_latitude;
-    longitude = m_longitude;
-    return true;
+    return getPosition(true, latitude, longitude);
 }
 
 bool CCoordinateCtrl::GetXY(double& x, double& y)
 {
-    if (m_empty)
+    return getPosition(false, x, y);
+}
+
+bool CCoordinateCtrl::getPosition(bool geographic, double& first, double& second)
+{
+    if (IsEmpty())
         return false;
     readPosition();
-    x = m_x;
-    y = m_y;
+    first = geographic ? m_position.latitude : m_position.x;
+    second = geographic ? m_position.longitude : m_position.y;
     return true;
+}
+
+double CCoordinateCtrl::GridX() const
+{
+    return heldPosition().x;
+}
+
+double CCoordinateCtrl::GridY() const
+{
+    return heldPosition().y;
+}
+
+double CCoordinateCtrl::Latitude() const
+{
+    return heldPosition().latitude;
+}
+
+double CCoordinateCtrl::Longitude() const
+{
+    return heldPosition().longitude;
+}
+
+void CCoordinateCtrl::SetGridX(double x)
+{
+    setCoordinate(false, 0, x);
+}
+
+void CCoordinateCtrl::SetGridY(double y)
+{
+    setCoordinate(false, 1, y);
+}
+
+void CCoordinateCtrl::SetLatitude(double latitude)
+{
+    setCoordinate(true, 0, latitude);
+}
+
+void CCoordinateCtrl::SetLongitude(double longitude)
+{
+    setCoordinate(true, 1, longitude);
+}
+
+void CCoordinateCtrl::setCoordinate(bool geographic, int index, double value)
+{
+    if (std::isnan(value)) {
+        if (!IsEmpty())
+            Clear();
+        return;
+    }
+    const Position held = heldPosition();
+    double pair[2] = {0.0, 0.0};
+    if (!IsEmpty()) {
+        pair[0] = geographic ? held.latitude : held.x;
+        pair[1] = geographic ? held.longitude : held.y;
+    }
+    pair[index] = value;
+    setPosition(geographic, pair[0], pair[1]);
 }
 
 void CCoordinateCtrl::GetCoordinateAsText(QString& first, QString& second) const
 {
-    first = m_edit1 ? m_edit1->text() : QString();
-    second = m_edit2 ? m_edit2->text() : QString();
+    first = Edit1()->text();
+    second = Edit2()->text();
 }
 
 void CCoordinateCtrl::FormatXY(double x, double y, QString& first, QString& second) const
 {
-    if (m_format == fmt_grid) {
-        first = FormatDouble(x, Decimals(m_format), m_feetFlags);
-        second = FormatDouble(y, Decimals(m_format), m_feetFlags);
-    } else if (isGeographic(m_format)) {
-        double latitude = 0.0;
-        double longitude = 0.0;
-        if (const QelGeoCoordSysBase* system = coordSys())
-            system->GridToGeo(x, y, latitude, longitude);
-        const unsigned flags = geogsFlagsOf(m_format);
-        const int decimals = Decimals(m_format);
-        FormatGeogs(latitude, flags, decimals, GeogsKind::LATITUDE, first, true, true);
-        FormatGeogs(longitude, flags, decimals, GeogsKind::LONGITUDE, second, true, true);
-    }
-}
-
-void CCoordinateCtrl::Clear()
-{
-    m_notify = false;
-    if (m_edit1)
-        m_edit1->clear();
-    if (m_edit2)
-        m_edit2->clear();
-    m_empty = true;
-    m_notify = true;
+    Position position;
+    position.x = x;
+    position.y = y;
+    if (const QelGeoCoordSysBase* system = coordSys(); system && isGeographic(m_format))
+        system->GridToGeo(x, y, position.latitude, position.longitude);
+    formatPosition(position, first, second);
 }
 
 void CCoordinateCtrl::SetFormatType(format_type format)
 {
     if (format == m_format)
         return;
-    m_notify = false;
-    if (!m_empty)
-        readPosition();
-    m_format = format;
-    if (m_button)
-        m_button->setText(FormatLabel(m_format));
-    if (m_edit1)
-        m_edit1->clear();
-    if (m_edit2)
-        m_edit2->clear();
-    applyTooltipRule();
-    if (!m_empty)
-        showPosition();
-    m_notify = true;
+    {
+        Quiet quiet(*this);
+        if (!IsEmpty())
+            readPosition();
+        m_format = format;
+        FormatButton()->setText(FormatLabel(m_format));
+        Edit1()->clear();
+        Edit2()->clear();
+        applyTooltipRule();
+        if (!IsEmpty())
+            showPosition();
+    }
+    announceChanges();
 }
 
-void CCoordinateCtrl::SetReadOnly(bool readOnly)
+void CCoordinateCtrl::onReadOnlySet(bool readOnly)
 {
-    if (m_edit1)
-        m_edit1->setReadOnly(readOnly);
-    if (m_edit2)
-        m_edit2->setReadOnly(readOnly);
-    m_readOnly = readOnly;
     SetTooltipActive(!readOnly);
 }
 
 void CCoordinateCtrl::SetTooltipActive(bool active)
 {
+    const bool changed = active != m_tooltipActive;
     m_tooltipActive = active;
     updateTooltips();
+    if (changed)
+        emit tooltipActiveChanged(active);
 }
 
 void CCoordinateCtrl::SelectEditBox1()
 {
-    if (!m_edit1)
-        return;
-    m_edit1->setFocus(Qt::OtherFocusReason);
-    m_edit1->selectAll(); // leaves the cursor at the end, in view
-}
-
-void CCoordinateCtrl::SetFontBox(const QFont* font)
-{
-    const QFont chosen = font ? *font : parentFont();
-    if (m_edit1)
-        m_edit1->setFont(chosen);
-    if (m_edit2)
-        m_edit2->setFont(chosen);
-}
-
-void CCoordinateCtrl::SetFontButton(const QFont* font)
-{
-    if (m_button)
-        m_button->setFont(font ? *font : parentFont());
+    Edit1()->setFocus(Qt::OtherFocusReason);
+    Edit1()->selectAll(); // leaves the cursor at the end, in view
 }
 
 QMenu* CCoordinateCtrl::FormatMenu() const
@@ -417,7 +374,17 @@ void CCoordinateCtrl::ChooseFormat(int menuCommand)
     case kCmdGrid: SetFormatType(fmt_grid); break;
     default: return;
     }
-    emit formatChosen();
+    emit formatChosen(m_format);
+}
+
+QMenu* CCoordinateCtrl::buttonMenu() const
+{
+    return FormatMenu();
+}
+
+void CCoordinateCtrl::menuCommand(int command)
+{
+    ChooseFormat(command);
 }
 
 QString CCoordinateCtrl::FormatLabel(format_type format) const
@@ -456,57 +423,13 @@ int CCoordinateCtrl::Decimals(format_type format) const
     return 0;
 }
 
-QSize CCoordinateCtrl::sizeHint() const
-{
-    const QSize edit = m_edit1 ? m_edit1->sizeHint() : QLineEdit().sizeHint();
-    return {DpiCor(56) + edit.width(), 2 * edit.height() + 2};
-}
-
-QSize CCoordinateCtrl::minimumSizeHint() const
-{
-    const QSize edit = m_edit1 ? m_edit1->minimumSizeHint() : QLineEdit().minimumSizeHint();
-    return {DpiCor(56) + edit.width(), 2 * edit.height() + 2};
-}
-
-void CCoordinateCtrl::resizeEvent(QResizeEvent* event)
-{
-    QWidget::resizeEvent(event);
-    layoutChildren();
-}
-
-bool CCoordinateCtrl::eventFilter(QObject* watched, QEvent* event)
-{
-    if (event->type() == QEvent::FocusOut && (watched == m_edit1 || watched == m_edit2)) {
-        // The application's focus widget is already the one that receives the focus.
-        commit();
-    }
-    return QWidget::eventFilter(watched, event);
-}
-
-void CCoordinateCtrl::layoutChildren()
-{
-    if (!m_created)
-        return;
-    const int width = this->width();
-    const int height = this->height();
-    const int buttonRight = DpiCor(54);
-    const int editLeft = DpiCor(56);
-    const int middle = height / 2;
-    const int editWidth = std::max(width - editLeft, 0);
-    m_button->setGeometry(0, 0, std::max(buttonRight, 0), height);
-    m_edit1->setGeometry(editLeft, 0, editWidth, std::max(middle - 1, 0));
-    m_edit2->setGeometry(editLeft, middle + 1, editWidth, std::max(height - (middle + 1), 0));
-}
-
 void CCoordinateCtrl::applyTooltipRule()
 {
-    SetTooltipActive(!m_readOnly && m_format != fmt_grid);
+    SetTooltipActive(!IsReadOnly() && m_format != fmt_grid);
 }
 
 void CCoordinateCtrl::updateTooltips()
 {
-    if (!m_edit1 || !m_edit2)
-        return;
     const auto tip = [this](bool latitude) {
         if (!m_tooltipActive)
             return QString();
@@ -515,8 +438,8 @@ void CCoordinateCtrl::updateTooltips()
         return QStringLiteral("<b>%1</b><br>%2")
             .arg(LoadQelString(QelStrings::EXAMPLES_TITLE).toHtmlEscaped(), lines);
     };
-    m_marker1->SetToolTip(tip(true));
-    m_marker2->SetToolTip(tip(false));
+    MarkerAt(0)->SetToolTip(tip(true));
+    MarkerAt(1)->SetToolTip(tip(false));
 }
 
 QString CCoordinateCtrl::InputProblem(bool first, const QString& text) const
@@ -548,102 +471,113 @@ QString CCoordinateCtrl::InputProblem(bool first, const QString& text) const
                             : tr("This text cannot be read as a number; only the number it starts with counts.");
 }
 
-bool CCoordinateCtrl::IsInputMarked() const
+QString CCoordinateCtrl::editProblem(int index, const QString& text) const
 {
-    return (m_marker1 && m_marker1->IsMarked()) || (m_marker2 && m_marker2->IsMarked());
+    return InputProblem(index == 0, text);
 }
 
-void CCoordinateCtrl::checkInput()
+void CCoordinateCtrl::onEditTextChanged(int)
 {
-    if (!m_created)
-        return;
-    m_marker1->SetProblem(InputProblem(true, m_edit1->text()));
-    m_marker2->SetProblem(InputProblem(false, m_edit2->text()));
-}
-
-void CCoordinateCtrl::onTextChanged()
-{
-    checkInput();
-    if (!m_notify)
-        return;
     m_valid = false;
-    emit changed();
+    emit changed(Edit1()->text(), Edit2()->text());
 }
 
-void CCoordinateCtrl::onButtonClicked()
+void CCoordinateCtrl::onEditingLeft()
 {
-    const QPointer<CCoordinateCtrl> guard(this);
-    QPointer<QMenu> menu = FormatMenu();
-    const QAction* chosen = menu->exec(m_button->mapToGlobal(QPoint(0, m_button->height())));
-    const int command = chosen ? chosen->data().toInt() : 0;
-    delete menu.data();
-    if (guard && command)
-        ChooseFormat(command);
-}
-
-void CCoordinateCtrl::commit()
-{
-    if (!m_notify || m_empty)
-        return;
-    const QWidget* focus = QApplication::focusWidget();
-    if (focus == m_edit1 || focus == m_edit2)
-        return;
     readPosition();
     showPosition();
-    emit committed();
+    if (isGeographic(m_format))
+        emit committed(m_position.latitude, m_position.longitude);
+    else
+        emit committed(m_position.x, m_position.y);
+}
+
+bool CCoordinateCtrl::formatPosition(const Position& position, QString& first, QString& second) const
+{
+    const int decimals = Decimals(m_format);
+    if (isGeographic(m_format)) {
+        const unsigned flags = geogsFlagsOf(m_format);
+        FormatGeogs(position.latitude, flags, decimals, GeogsKind::LATITUDE, first, true, true);
+        FormatGeogs(position.longitude, flags, decimals, GeogsKind::LONGITUDE, second, true, true);
+        return true;
+    }
+    if (m_format != fmt_grid)
+        return false;
+    first = FormatDouble(position.x, decimals, m_feetFlags);
+    second = FormatDouble(position.y, decimals, m_feetFlags);
+    return true;
 }
 
 void CCoordinateCtrl::showPosition()
 {
-    if (!m_created)
+    QString first, second;
+    if (!formatPosition(m_position, first, second))
         return;
-    m_notify = false;
-    if (isGeographic(m_format)) {
-        const unsigned flags = geogsFlagsOf(m_format);
-        const int decimals = Decimals(m_format);
-        QString text;
-        FormatGeogs(m_latitude, flags, decimals, GeogsKind::LATITUDE, text, true, true);
-        m_edit1->setText(text);
-        FormatGeogs(m_longitude, flags, decimals, GeogsKind::LONGITUDE, text, true, true);
-        m_edit2->setText(text);
-    } else if (m_format == fmt_grid) {
-        m_edit1->setText(FormatDouble(m_x, Decimals(m_format), m_feetFlags));
-        m_edit2->setText(FormatDouble(m_y, Decimals(m_format), m_feetFlags));
-    }
-    m_notify = true;
+    Quiet quiet(*this);
+    Edit1()->setText(first);
+    Edit2()->setText(second);
 }
 
-void CCoordinateCtrl::readPosition()
+CCoordinateCtrl::Position CCoordinateCtrl::parsedPosition() const
 {
-    if (m_valid || !m_created)
-        return;
+    Position position = m_position;
+    if (m_valid)
+        return position;
+    const QelGeoCoordSysBase* system = coordSys();
     if (isGeographic(m_format)) {
-        double latitude = 0.0;
-        double longitude = 0.0;
-        StringToGeo(m_edit1->text(), latitude);
-        StringToGeo(m_edit2->text(), longitude);
-        m_latitude = latitude;
-        m_longitude = longitude;
-        if (const QelGeoCoordSysBase* system = coordSys())
-            system->GeoToGrid(m_latitude, m_longitude, m_x, m_y);
+        position.latitude = 0.0;
+        position.longitude = 0.0;
+        StringToGeo(Edit1()->text(), position.latitude);
+        StringToGeo(Edit2()->text(), position.longitude);
+        if (system)
+            system->GeoToGrid(position.latitude, position.longitude, position.x, position.y);
     } else if (m_format == fmt_grid) {
         const auto parse = [this](const QString& text) {
             return m_feetFlags != 0 ? StringToValue(text) : LeadingNumber(text);
         };
-        m_x = parse(m_edit1->text());
-        m_y = parse(m_edit2->text());
-        if (const QelGeoCoordSysBase* system = coordSys())
-            system->GridToGeo(m_x, m_y, m_latitude, m_longitude);
+        position.x = parse(Edit1()->text());
+        position.y = parse(Edit2()->text());
+        if (system)
+            system->GridToGeo(position.x, position.y, position.latitude, position.longitude);
     }
+    return position;
+}
+
+void CCoordinateCtrl::readPosition()
+{
+    m_position = parsedPosition();
     m_valid = true;
+}
+
+CCoordinateCtrl::Position CCoordinateCtrl::heldPosition() const
+{
+    if (!IsEmpty())
+        return parsedPosition();
+    const double none = std::numeric_limits<double>::quiet_NaN();
+    return {none, none, none, none};
+}
+
+void CCoordinateCtrl::announceChanges()
+{
+    const Position held = heldPosition();
+    Position& told = m_told.position;
+    if (!SameValue(held.x, told.x) || !SameValue(held.y, told.y)) {
+        told.x = held.x;
+        told.y = held.y;
+        emit gridPositionChanged(held.x, held.y);
+    }
+    if (!SameValue(held.latitude, told.latitude) || !SameValue(held.longitude, told.longitude)) {
+        told.latitude = held.latitude;
+        told.longitude = held.longitude;
+        emit geoPositionChanged(held.latitude, held.longitude);
+    }
+    Tell(this, m_told.format, m_format, &CCoordinateCtrl::formatChanged);
+    Tell(this, m_told.decimals, Decimals(), &CCoordinateCtrl::decimalsChanged);
+    Tell(this, m_told.geogOnly, m_geogOnly, &CCoordinateCtrl::geographicOnlyChanged);
+    Tell(this, m_told.gridOnly, m_gridOnly, &CCoordinateCtrl::gridOnlyChanged);
 }
 
 bool CCoordinateCtrl::isGeographic(format_type format) const
 {
     return format == fmt_seconds || format == fmt_minutes || format == fmt_degrees;
-}
-
-QFont CCoordinateCtrl::parentFont() const
-{
-    return parentWidget() ? parentWidget()->font() : QApplication::font();
 }

@@ -1,10 +1,5 @@
 #include <QelMfc0/controls/DistanceCtrl.h>
 
-#include <QelMfc0/controls/InputMarker.h>
-#include <QelMfc0/controls/PlaceholderReplacement.h>
-#include <QelMfc0/controls/ProjectFollower.h>
-
-#include <QelBase/DisplayScale.h>
 #include <QelBase/GeoText.h>
 #include <QelBase/NumberText.h>
 #include <QelBase/QelUnitCnv.h>
@@ -13,14 +8,12 @@
 #include <QelConfigure/UnitDefinition.h>
 
 #include <QAction>
-#include <QApplication>
-#include <QEvent>
-#include <QFocusEvent>
 #include <QLineEdit>
 #include <QMenu>
-#include <QPointer>
 #include <QPushButton>
+
 #include <cmath>
+#include <limits>
 #include <stdexcept>
 
 namespace {
@@ -28,49 +21,14 @@ namespace {
 // Unit kinds of the converter: the project's unit, and distances.
 constexpr int kSystemUnitKind = 1;
 constexpr int kDistanceUnitKind = 3;
-// Button column width and the edit's left edge, at 96 DPI.
-constexpr int kButtonWidth = 54;
-constexpr int kEditLeft = 56;
-
-// Turns notification off for a scope and puts the previous state back, also on a throw.
-class NotifyOff
-{
-public:
-    explicit NotifyOff(bool& flag) : m_flag(flag), m_saved(flag) { m_flag = false; }
-    ~NotifyOff() { m_flag = m_saved; }
-    NotifyOff(const NotifyOff&) = delete;
-    NotifyOff& operator=(const NotifyOff&) = delete;
-
-private:
-    bool& m_flag;
-    bool m_saved;
-};
 
 } // namespace
 
 DistanceCtrl::DistanceCtrl(QWidget* parent)
-    : QWidget(parent)
+    : ButtonEditComposite({"unitButton", kButtonId}, {{"distanceEdit", kEditId}}, parent)
 {
-    m_button = new QPushButton(this);
-    m_button->setObjectName(QStringLiteral("unitButton"));
-    m_button->setProperty("id", kButtonId);
-    m_button->setFocusPolicy(Qt::StrongFocus);
-    m_button->setAutoDefault(false);
-    m_edit = new QLineEdit(this);
-    m_edit->setObjectName(QStringLiteral("distanceEdit"));
-    m_edit->setProperty("id", kEditId);
-    m_edit->installEventFilter(this);
-    m_marker = new InputMarker(m_edit);
-    setFocusProxy(m_button);
-    setFocusPolicy(m_button->focusPolicy());
-
-    connect(m_button, &QPushButton::clicked, this, &DistanceCtrl::onButtonClicked);
-    connect(m_edit, &QLineEdit::textChanged, this, &DistanceCtrl::onTextChanged);
-
     readUnits();
-    layoutChildren();
-    m_notify = true;
-    ProjectFollower::Follow(this, nullptr, [this] { onProjectChanged(); });
+    m_told = {Distance(), DistUnit(), m_current, m_decimals};
 }
 
 DistanceCtrl::~DistanceCtrl() = default;
@@ -109,45 +67,6 @@ void DistanceCtrl::readUnits()
     }
 }
 
-bool DistanceCtrl::Create(const QRect& rect, QWidget* parent, int id)
-{
-    if (!parent)
-        return false;
-    setParent(parent);
-    setGeometry(rect);
-    finishCreate(id);
-    show();
-    return true;
-}
-
-bool DistanceCtrl::CreateFromStatic(QWidget* placeholder)
-{
-    bool idOk = false;
-    const int id = placeholder ? placeholder->property("id").toInt(&idOk) : 0;
-    bool ok = false;
-    const QString caption = ReplacePlaceholder(placeholder, this, &ok);
-    if (!ok)
-        return false;
-    // The edit follows the button in the tab chain, wherever the control was put.
-    QWidget::setTabOrder(m_button, m_edit);
-    m_button->setText(caption);
-    finishCreate(idOk ? id : 0);
-    return true;
-}
-
-bool DistanceCtrl::CreateFromStatic(const QString& objectName, QWidget* parent)
-{
-    QWidget* placeholder = FindPlaceholder(parent, objectName);
-    return placeholder && CreateFromStatic(placeholder);
-}
-
-void DistanceCtrl::finishCreate(int id)
-{
-    m_id = id;
-    layoutChildren();
-    m_notify = true;
-}
-
 void DistanceCtrl::onProjectChanged()
 {
     const CQelUnitCnv converter;
@@ -172,33 +91,46 @@ void DistanceCtrl::onProjectChanged()
     }
     m_distance = converter.ToExternalUnit(kDistanceUnitKind, internal, m_projectFactor, m_projectOffset);
     // What the user typed stays as typed; a value the control showed is shown again.
-    if (!m_empty && !m_edited)
+    if (!IsEmpty() && !m_edited)
         showValue(m_converted && !m_units.isEmpty());
-    m_marker->SetProblem(InputProblem(m_edit->text()));
-}
-
-int DistanceCtrl::Id() const
-{
-    return m_id;
+    CheckInput();
 }
 
 void DistanceCtrl::SetDistance(double value, bool convert)
 {
     const QString text = FormatDistance(value, convert);
     m_distance = value;
-    m_empty = false;
+    SetEmpty(false);
     m_converted = convert;
-    NotifyOff quiet(m_notify);
-    m_edit->setText(text);
+    {
+        Quiet quiet(*this);
+        Edit()->setText(text);
+    }
     m_edited = false;
+    announceChanges();
+}
+
+void DistanceCtrl::SetDistance(double value)
+{
+    if (std::isnan(value)) {
+        if (!IsEmpty())
+            Clear();
+        return;
+    }
+    SetDistance(value, m_current >= 0 && m_current < m_units.size());
 }
 
 bool DistanceCtrl::GetDistance(double& value) const
 {
-    if (m_empty)
+    if (IsEmpty())
         return false;
     value = m_distance;
     return true;
+}
+
+double DistanceCtrl::Distance() const
+{
+    return IsEmpty() ? std::numeric_limits<double>::quiet_NaN() : m_distance;
 }
 
 const DistanceCtrl::Unit* DistanceCtrl::findTypedUnit(const QString& text) const
@@ -260,7 +192,7 @@ bool DistanceCtrl::parseTyped(const QString& text, double& value, QString* probl
 
 bool DistanceCtrl::ReadTypedDistance(double& value) const
 {
-    return parseTyped(m_edit->text(), value, nullptr);
+    return parseTyped(Edit()->text(), value, nullptr);
 }
 
 QString DistanceCtrl::InputProblem(const QString& text) const
@@ -270,11 +202,6 @@ QString DistanceCtrl::InputProblem(const QString& text) const
     QString problem;
     double value = 0.0;
     return parseTyped(text, value, &problem) ? QString() : problem;
-}
-
-bool DistanceCtrl::IsInputMarked() const
-{
-    return m_marker->IsMarked();
 }
 
 QString DistanceCtrl::FormatDistance(double value, bool convert) const
@@ -300,12 +227,20 @@ void DistanceCtrl::SetDistUnit(const QString& key)
 {
     for (int i = 0; i < m_units.size(); ++i) {
         if (m_units[i].key == key) {
-            m_current = i;
-            if (!m_empty)
-                showValue(true);
+            SetCurrentUnit(i);
             return;
         }
     }
+}
+
+void DistanceCtrl::SetCurrentUnit(int index)
+{
+    if (index < 0 || index >= m_units.size())
+        return;
+    m_current = index;
+    if (!IsEmpty())
+        showValue(true);
+    announceChanges();
 }
 
 void DistanceCtrl::GetDistUnit(QString& key) const
@@ -318,49 +253,6 @@ void DistanceCtrl::GetDistUnit(QString& key) const
 QString DistanceCtrl::DistUnit() const
 {
     return m_current >= 0 && m_current < m_units.size() ? m_units[m_current].key : QString();
-}
-
-const QList<DistanceCtrl::Unit>& DistanceCtrl::Units() const
-{
-    return m_units;
-}
-
-int DistanceCtrl::CurrentUnit() const
-{
-    return m_current;
-}
-
-void DistanceCtrl::Clear()
-{
-    NotifyOff quiet(m_notify);
-    m_edit->clear();
-    m_empty = true;
-    m_edited = false;
-}
-
-void DistanceCtrl::SetReadOnly()
-{
-    m_edit->setReadOnly(true);
-}
-
-void DistanceCtrl::SetFontBox(const QFont* font)
-{
-    m_edit->setFont(font ? *font : QApplication::font(m_edit));
-}
-
-void DistanceCtrl::SetFontButton(const QFont* font)
-{
-    m_button->setFont(font ? *font : QApplication::font(m_button));
-}
-
-QPushButton* DistanceCtrl::UnitButton() const
-{
-    return m_button;
-}
-
-QLineEdit* DistanceCtrl::Edit() const
-{
-    return m_edit;
 }
 
 QMenu* DistanceCtrl::UnitMenu() const
@@ -380,83 +272,62 @@ void DistanceCtrl::ChooseUnit(int menuCommand)
     const qint64 index = qint64(menuCommand) - kFirstUnitCommand;
     if (index < 0 || index >= m_units.size() || index == m_current)
         return;
-    NotifyOff quiet(m_notify);
-    m_current = int(index);
-    if (!m_empty)
-        showValue(true);
-    emit unitChosen();
-}
-
-QSize DistanceCtrl::sizeHint() const
-{
-    const QSize edit = m_edit->sizeHint();
-    return {DpiCor(kEditLeft) + edit.width(), qMax(edit.height(), m_button->sizeHint().height())};
-}
-
-QSize DistanceCtrl::minimumSizeHint() const
-{
-    const QSize edit = m_edit->minimumSizeHint();
-    return {DpiCor(kEditLeft) + edit.width(), edit.height()};
-}
-
-void DistanceCtrl::resizeEvent(QResizeEvent* event)
-{
-    QWidget::resizeEvent(event);
-    layoutChildren();
-}
-
-bool DistanceCtrl::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == m_edit && event->type() == QEvent::FocusOut && m_notify && !m_empty) {
-        // A popup (the edit's own context menu) takes the focus only for a moment.
-        if (static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
-            emit committed();
+    {
+        Quiet quiet(*this);
+        m_current = int(index);
+        if (!IsEmpty())
+            showValue(true);
+        emit unitChosen(m_current);
     }
-    return QWidget::eventFilter(watched, event);
+    announceChanges();
 }
 
-void DistanceCtrl::layoutChildren()
+QMenu* DistanceCtrl::buttonMenu() const
 {
-    const int width = this->width();
-    const int height = this->height();
-    const int buttonWidth = qMin(DpiCor(kButtonWidth), width);
-    const int editLeft = qMin(DpiCor(kEditLeft), width);
-    m_button->setGeometry(0, 0, buttonWidth, height);
-    m_edit->setGeometry(editLeft, 0, width - editLeft, height);
+    return UnitMenu();
+}
+
+void DistanceCtrl::menuCommand(int command)
+{
+    ChooseUnit(command);
+}
+
+QString DistanceCtrl::editProblem(int, const QString& text) const
+{
+    return InputProblem(text);
+}
+
+void DistanceCtrl::onEditTextChanged(int)
+{
+    SetEmpty(false);
+    m_edited = true;
+    emit changed(Edit()->text());
+}
+
+void DistanceCtrl::onEditingLeft()
+{
+    emit committed(Edit()->text());
+}
+
+void DistanceCtrl::onPlaceholderText(const QString& text)
+{
+    ButtonEditComposite::onPlaceholderText(text);
+    UnitButton()->setText(text);
 }
 
 void DistanceCtrl::showValue(bool convert)
 {
-    NotifyOff quiet(m_notify);
-    m_edit->setText(FormatDistance(m_distance, convert));
+    const QString text = FormatDistance(m_distance, convert);
+    Quiet quiet(*this);
+    Edit()->setText(text);
     m_converted = convert;
     m_edited = false;
 }
 
-void DistanceCtrl::onTextChanged()
+void DistanceCtrl::announceChanges()
 {
-    m_marker->SetProblem(InputProblem(m_edit->text()));
-    if (!m_notify)
-        return;
-    m_empty = false;
-    m_edited = true;
-    emit changed();
-}
-
-void DistanceCtrl::onButtonClicked()
-{
-    try {
-        const QPointer<DistanceCtrl> self(this);
-        const QPointer<QMenu> menu(UnitMenu());
-        const QAction* chosen =
-            menu->exec(m_button->mapToGlobal(m_button->rect().bottomLeft() + QPoint(0, 1)));
-        // The host may have closed the dialog, taking the control and its menu along.
-        if (!self || !menu)
-            return;
-        const int command = chosen ? chosen->data().toInt() : 0;
-        delete menu;
-        ChooseUnit(command);
-    } catch (const std::exception&) {
-        // A menu that cannot be built or applied leaves the control as it is.
-    }
+    Tell(this, m_told.distance, Distance(), &DistanceCtrl::distanceChanged);
+    Tell(this, m_told.unit, DistUnit(), &DistanceCtrl::unitChanged);
+    Tell(this, m_told.unitIndex, m_current, &DistanceCtrl::unitIndexChanged);
+    Tell(this, m_told.decimals, m_decimals, &DistanceCtrl::decimalsChanged);
 }

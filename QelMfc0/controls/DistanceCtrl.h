@@ -7,20 +7,18 @@
 // the unit shown follows the project's unless the user or host picked another one.
 
 #include "QelMfc0/QelMfc0Export.h"
+#include "QelMfc0/controls/ButtonEditComposite.h"
+
 #include <QList>
-#include <QRect>
 #include <QString>
-#include <QWidget>
 
-class InputMarker;
-class QFont;
-class QLineEdit;
-class QMenu;
-class QPushButton;
-
-class QELMFC0_EXPORT DistanceCtrl : public QWidget
+class QELMFC0_EXPORT DistanceCtrl : public ButtonEditComposite
 {
     Q_OBJECT
+    Q_PROPERTY(double distance READ Distance WRITE SetDistance NOTIFY distanceChanged)
+    Q_PROPERTY(QString unit READ DistUnit WRITE SetDistUnit NOTIFY unitChanged)
+    Q_PROPERTY(int unitIndex READ CurrentUnit WRITE SetCurrentUnit NOTIFY unitIndexChanged)
+    Q_PROPERTY(int decimals READ Decimals NOTIFY decimalsChanged)
 
 public:
     // Notification codes, as the signals below are known to hosts that keep the numbers.
@@ -43,30 +41,24 @@ public:
     };
 
     // Reads the distance units of the units file and the open project's distance decimals and
-    // unit (which becomes the current unit when the file lists it). Usable at once as a child
-    // of `parent`; Create/CreateFromStatic place it like a dialog control.
+    // unit (which becomes the current unit when the file lists it). Ready for use at once;
+    // Create/CreateFromStatic place it like a dialog control, CreateFromStatic with the
+    // placeholder's text as the button caption.
     explicit DistanceCtrl(QWidget* parent = nullptr);
     ~DistanceCtrl() override;
 
-    // Puts the control into `parent` at `rect` with dialog id `id` and shows it; the children
-    // take the parent's font. False when `parent` is null.
-    bool Create(const QRect& rect, QWidget* parent, int id = 0);
-    // Takes the placeholder's place (geometry, layout slot, tab order, object name), uses its
-    // text as the button caption and its integer property "id", when set, as Id(), and deletes
-    // it. False (placeholder kept) when it is null or has no parent.
-    bool CreateFromStatic(QWidget* placeholder);
-    // The same for the child of `parent` with that object name; false when there is none.
-    bool CreateFromStatic(const QString& objectName, QWidget* parent);
-    // The dialog id given to Create or taken from the placeholder (0 when none).
-    int Id() const;
-
     // Stores `value` (project unit) and shows it, converted into the current unit with its
-    // abbreviation when `convert`, else as it is. Sends nothing. Throws std::invalid_argument,
-    // changing nothing, when `convert` and there is no current unit.
+    // abbreviation when `convert`, else as it is. Sends no text or unit signal. Throws
+    // std::invalid_argument, changing nothing, when `convert` and there is no current unit.
     void SetDistance(double value, bool convert);
+    // The same, converted when there is a current unit (never throws); NaN (no value) empties
+    // the control.
+    void SetDistance(double value);
     // The stored value and true; false (value untouched) when the control is empty. The edit's
     // text is never parsed: typing does not change the stored value.
     bool GetDistance(double& value) const;
+    // The stored value; NaN when the control is empty.
+    double Distance() const;
     // For hosts that take typed distances: the edit's text read as a number, optionally followed
     // by a unit's abbreviation or key ("2 km", "2000", "6,5 ft"; without one, the current
     // unit), converted into the project's unit. False (value untouched) for empty or unreadable
@@ -75,38 +67,36 @@ public:
     // What is wrong with `text` as a typed distance; empty when it reads well or is empty. The
     // edit is marked with it while the user types.
     QString InputProblem(const QString& text) const;
-    // True while the edit shows text marked as unreadable.
-    bool IsInputMarked() const;
     // The text the control shows for `value`: the decimals of the project, one space, and with
     // `convert` the value converted into the current unit and its abbreviation. Throws
     // std::invalid_argument when `convert` and the current unit index is outside the list.
     QString FormatDistance(double value, bool convert) const;
+    // The project's distance decimals.
+    int Decimals() const { return m_decimals; }
 
     // Makes the first unit with exactly that key current and shows the value again (converted)
-    // when not empty; an unknown key changes nothing. Sends nothing.
+    // when not empty; an unknown key changes nothing. Sends no unitChosen.
     void SetDistUnit(const QString& key);
+    // The same with the unit at `index` of Units(); an index outside the list changes nothing.
+    void SetCurrentUnit(int index);
     // The current unit's key; throws std::invalid_argument when there is no current unit.
     void GetDistUnit(QString& key) const;
     // The current unit's key, empty when there is none (never throws).
     QString DistUnit() const;
     // The distance units read at construction, in file order.
-    const QList<Unit>& Units() const;
+    const QList<Unit>& Units() const { return m_units; }
     // Index of the current unit in Units().
-    int CurrentUnit() const;
+    int CurrentUnit() const { return m_current; }
 
-    // Empties the edit and the control (no value). Sends nothing.
-    void Clear();
-    // Makes the edit read-only for good; the unit can still be chosen.
-    void SetReadOnly();
-    // Font of the edit; null goes back to the application's font for edits.
-    void SetFontBox(const QFont* font);
-    // Font of the unit button; null goes back to the application's font for buttons.
-    void SetFontButton(const QFont* font);
+    // Makes the edit read-only for good (SetReadOnly(false) of the base makes it editable);
+    // the unit can still be chosen.
+    using ButtonEditComposite::SetReadOnly;
+    void SetReadOnly() { SetReadOnly(true); }
 
     // The unit button (child id kButtonId).
-    QPushButton* UnitButton() const;
+    QPushButton* UnitButton() const { return Button(); }
     // The edit (child id kEditId).
-    QLineEdit* Edit() const;
+    QLineEdit* Edit() const { return EditAt(0); }
     // The unit menu as the button shows it: one checkable action per unit, data
     // kFirstUnitCommand + index, the current one checked. The caller owns it.
     QMenu* UnitMenu() const;
@@ -114,36 +104,49 @@ public:
     // and the current unit, do nothing.
     void ChooseUnit(int menuCommand);
 
-    // Button column and edit column at full height.
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
-
 Q_SIGNALS:
-    // The edit's text changed by typing (or by a host writing it); the control is no longer empty.
-    void changed();
-    // Another unit was chosen from the menu; the text already shows the value in it.
-    void unitChosen();
-    // The edit lost the focus while the control holds a value.
-    void committed();
+    // The edit's text changed by typing (or by a host writing it); the control is no longer
+    // empty (DIST_NOTIFY_CHANGED). The new text.
+    void changed(const QString& text);
+    // Another unit was chosen from the menu; the text already shows the value in it
+    // (DIST_NOTIFY_UNIT). Its index in Units().
+    void unitChosen(int index);
+    // The edit lost the focus while the control holds a value (DIST_NOTIFY_COMMITTED); the
+    // text as it stands, neither read nor re-formatted.
+    void committed(const QString& text);
+    // The stored value changed (NaN when the control became empty).
+    void distanceChanged(double distance);
+    // The current unit's key, or its index, changed.
+    void unitChanged(const QString& key);
+    void unitIndexChanged(int index);
+    // The decimals changed with the project.
+    void decimalsChanged(int decimals);
 
 protected:
-    void resizeEvent(QResizeEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    QMenu* buttonMenu() const override;
+    void menuCommand(int command) override;
+    void onPlaceholderText(const QString& text) override;
+    QString editProblem(int index, const QString& text) const override;
+    void onEditTextChanged(int index) override;
+    void onEditingLeft() override;
+    void onProjectChanged() override;
+    void announceChanges() override;
 
 private:
+    // What the signals last told, to tell only changes.
+    struct Told
+    {
+        double distance = 0.0;
+        QString unit;
+        int unitIndex = 0;
+        int decimals = 0;
+    };
+
     void readUnits();
-    void onProjectChanged();
-    void layoutChildren();
-    void finishCreate(int id);
     void showValue(bool convert);
-    void onTextChanged();
     const Unit* findTypedUnit(const QString& text) const;
     bool parseTyped(const QString& text, double& value, QString* problem) const;
-    void onButtonClicked();
 
-    QPushButton* m_button = nullptr;
-    QLineEdit* m_edit = nullptr;
-    InputMarker* m_marker = nullptr;
     QList<Unit> m_units;
     int m_decimals = 2;
     int m_current = 0;
@@ -153,7 +156,5 @@ private:
     double m_distance = 0.0;
     bool m_converted = true;  // the value was last shown converted into the current unit
     bool m_edited = false;    // the text was typed since the value was last shown
-    bool m_empty = true;
-    bool m_notify = false;
-    int m_id = 0;
+    Told m_told;
 };

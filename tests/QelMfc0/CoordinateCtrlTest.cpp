@@ -19,6 +19,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <memory>
 
 namespace {
@@ -226,6 +227,99 @@ TEST_F(CoordinateCtrlTest, CreateFromStaticTakesLayoutSlotAndTabOrder)
         visited << QApplication::focusWidget();
     }
     EXPECT_EQ(visited, (QList<QWidget*>{ctrl->FormatButton(), ctrl->Edit1(), ctrl->Edit2(), after}));
+}
+
+TEST_F(CoordinateCtrlTest, StateIsReadAndWrittenAsPropertiesThatNotifyOnlyChanges)
+{
+    Ctrl ctrl(&m_host); // as a form builds it: no Create
+    EXPECT_TRUE(std::isnan(ctrl.property("gridX").toDouble())) << "an empty control holds no position";
+    QSignalSpy format(&ctrl, &Ctrl::formatChanged), grid(&ctrl, &Ctrl::gridPositionChanged),
+        geo(&ctrl, &Ctrl::geoPositionChanged), decimals(&ctrl, &Ctrl::decimalsChanged),
+        readOnly(&ctrl, &Ctrl::readOnlyChanged), chosen(&ctrl, &Ctrl::formatChosen);
+
+    // The enum by name, and again by value: the second write is no change.
+    ASSERT_TRUE(ctrl.setProperty("format", "fmt_minutes"));
+    ASSERT_TRUE(ctrl.setProperty("format", QVariant::fromValue(Ctrl::fmt_minutes)));
+    EXPECT_EQ(ctrl.FormatType(), Ctrl::fmt_minutes);
+    EXPECT_EQ(ctrl.property("format").toString(), QStringLiteral("fmt_minutes"));
+    ASSERT_EQ(format.count(), 1);
+    EXPECT_EQ(format.at(0).at(0).value<Ctrl::format_type>(), Ctrl::fmt_minutes);
+    ASSERT_EQ(decimals.count(), 1);
+    EXPECT_EQ(decimals.at(0).at(0).toInt(), ctrl.Decimals(Ctrl::fmt_minutes));
+    EXPECT_FALSE(ctrl.setProperty("decimals", 9)) << "decimals come from the project";
+    EXPECT_EQ(chosen.count(), 0);
+
+    for (int i = 0; i < 2; ++i) {
+        ctrl.setProperty("latitude", 52.0);
+        ctrl.setProperty("longitude", 3.0);
+    }
+    EXPECT_EQ(geo.count(), 2);
+    ASSERT_EQ(grid.count(), 2);
+    EXPECT_NEAR(grid.last().at(0).toDouble(), 500000.0, 1e-3);
+    EXPECT_NEAR(ctrl.property("gridY").toDouble(), 5761038.2126, 1e-3);
+    EXPECT_EQ(ctrl.Edit1()->text(), QStringLiteral("52°00.0000' N"));
+    ctrl.setProperty("latitude", std::nan("")); // no position, as an empty control reads
+    EXPECT_TRUE(ctrl.IsEmpty());
+    ASSERT_EQ(grid.count(), 3);
+    EXPECT_TRUE(std::isnan(grid.last().at(1).toDouble()));
+
+    for (bool value : {true, true, false}) {
+        ctrl.setProperty("readOnly", value);
+        EXPECT_EQ(ctrl.Edit2()->isReadOnly(), value);
+    }
+    EXPECT_EQ(readOnly.count(), 2);
+
+    QSignalSpy geogOnly(&ctrl, &Ctrl::geographicOnlyChanged), gridOnly(&ctrl, &Ctrl::gridOnlyChanged);
+    ctrl.setProperty("geographicOnly", true);
+    EXPECT_EQ(ctrl.FormatType(), Ctrl::fmt_seconds); // the project's flags
+    EXPECT_EQ(texts(ctrl).size(), 3);
+    ctrl.setProperty("gridOnly", true);
+    EXPECT_FALSE(ctrl.property("geographicOnly").toBool());
+    EXPECT_EQ(ctrl.FormatButton()->text(), QStringLiteral("X/Y"));
+    ctrl.setProperty("gridOnly", false);
+    EXPECT_EQ(texts(ctrl).size(), 4);
+    EXPECT_EQ(geogOnly.count(), 2);
+    EXPECT_EQ(gridOnly.count(), 2);
+}
+
+TEST_F(CoordinateCtrlTest, APromotedControlWorksInItsLayoutWithoutCreate)
+{
+    QWidget form;
+    QFont formFont = form.font();
+    formFont.setPointSize(15);
+    form.setFont(formFont);
+    auto* layout = new QVBoxLayout(&form);
+    auto* ctrl = new Ctrl(&form);
+    layout->addWidget(ctrl);
+    layout->addWidget(new QLineEdit(&form));
+    form.resize(300, 200);
+    activate(form);
+    EXPECT_FALSE(ctrl->IsCreated());
+    EXPECT_GE(ctrl->height(), ctrl->minimumSizeHint().height());
+    EXPECT_EQ(ctrl->Edit1()->x(), DpiCor(56));
+    EXPECT_GT(ctrl->Edit2()->y(), ctrl->Edit1()->geometry().bottom());
+    EXPECT_EQ(ctrl->Edit1()->font().pointSize(), 15);
+    QFont small = formFont;
+    small.setPointSize(7);
+    ctrl->SetFontBox(&small);
+    ctrl->SetFontBox(nullptr); // back to the form's font
+    EXPECT_EQ(ctrl->Edit2()->font().pointSize(), 15);
+
+    QSignalSpy changed(ctrl, &Ctrl::changed), committed(ctrl, &Ctrl::committed);
+    ctrl->SetXY(0.0, 0.0);
+    ctrl->setFocus();
+    ASSERT_EQ(QApplication::focusWidget(), ctrl->FormatButton());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    ctrl->Edit1()->selectAll();
+    QTest::keyClicks(ctrl->Edit1(), QStringLiteral("510000"));
+    ASSERT_FALSE(changed.isEmpty());
+    EXPECT_EQ(changed.last().at(0).toString(), QStringLiteral("510000"));
+    EXPECT_EQ(ctrl->GridX(), 510000.0) << "the property reads the typed text";
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    ASSERT_EQ(committed.count(), 1);
+    EXPECT_EQ(committed.at(0).at(0).toDouble(), 510000.0);
+    EXPECT_EQ(ctrl->Edit1()->text(), QStringLiteral("510000.00"));
 }
 
 } // namespace

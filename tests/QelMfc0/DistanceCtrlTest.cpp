@@ -16,10 +16,12 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
+#include <QHBoxLayout>
 #include <QVBoxLayout>
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <memory>
 #include <stdexcept>
 
@@ -113,7 +115,8 @@ TEST_F(DistanceCtrlTest, UnitMenuChoosingAUnitAndUnconvertedText)
         });
         QTest::mouseClick(ctrl.UnitButton(), Qt::LeftButton);
     }
-    EXPECT_EQ(spies.unit.count(), 1);
+    ASSERT_EQ(spies.unit.count(), 1);
+    EXPECT_EQ(spies.unit.at(0).at(0).toInt(), 8);
     EXPECT_EQ(spies.changed.count(), 0);
     EXPECT_EQ(ctrl.DistUnit(), QStringLiteral("NM"));
     EXPECT_EQ(ctrl.Edit()->text(), QStringLiteral("1.00 NM"));
@@ -199,4 +202,70 @@ TEST_F(DistanceCtrlTest, PlacementFocusAndCommitOnLeaving)
     double value = 0.0;
     EXPECT_TRUE(ctrl->GetDistance(value));
     EXPECT_EQ(value, 10.0);
+}
+
+TEST_F(DistanceCtrlTest, StateIsReadAndWrittenAsPropertiesThatNotifyOnlyChanges)
+{
+    DistanceCtrl ctrl;
+    QSignalSpy distance(&ctrl, &DistanceCtrl::distanceChanged), unit(&ctrl, &DistanceCtrl::unitChanged),
+        index(&ctrl, &DistanceCtrl::unitIndexChanged), readOnly(&ctrl, &DistanceCtrl::readOnlyChanged);
+    EXPECT_TRUE(std::isnan(ctrl.property("distance").toDouble()));
+    EXPECT_EQ(ctrl.property("decimals").toInt(), 2);
+    EXPECT_FALSE(ctrl.setProperty("decimals", 5)) << "decimals come from the project";
+
+    for (int i = 0; i < 2; ++i) {
+        ctrl.setProperty("unit", QStringLiteral("km"));
+        ctrl.setProperty("distance", 1500.0);
+    }
+    EXPECT_EQ(ctrl.Edit()->text(), QStringLiteral("1.50 km"));
+    ASSERT_EQ(unit.count(), 1);
+    EXPECT_EQ(unit.at(0).at(0).toString(), QStringLiteral("km"));
+    ASSERT_EQ(index.count(), 1);
+    EXPECT_EQ(index.at(0).at(0).toInt(), 1);
+    ASSERT_EQ(distance.count(), 1);
+    EXPECT_EQ(distance.at(0).at(0).toDouble(), 1500.0);
+
+    ctrl.setProperty("unitIndex", 8);
+    EXPECT_EQ(ctrl.property("unit").toString(), QStringLiteral("NM"));
+    EXPECT_EQ(ctrl.Edit()->text(), QStringLiteral("0.81 NM"));
+    ctrl.Clear();
+    ASSERT_EQ(distance.count(), 2);
+    EXPECT_TRUE(std::isnan(distance.last().at(0).toDouble()));
+
+    ctrl.SetReadOnly();
+    ctrl.SetReadOnly();
+    EXPECT_TRUE(ctrl.property("readOnly").toBool());
+    EXPECT_TRUE(ctrl.Edit()->isReadOnly());
+    EXPECT_EQ(readOnly.count(), 1);
+}
+
+TEST_F(DistanceCtrlTest, APromotedControlTakesTypedTextInItsLayoutWithoutCreate)
+{
+    QWidget form;
+    auto* layout = new QHBoxLayout(&form);
+    auto* ctrl = new DistanceCtrl(&form);
+    auto* other = new QLineEdit(&form);
+    layout->addWidget(ctrl);
+    layout->addWidget(other);
+    form.show();
+    form.activateWindow();
+    QApplication::setActiveWindow(&form);
+    EXPECT_GE(ctrl->height(), ctrl->minimumSizeHint().height());
+    EXPECT_EQ(ctrl->Edit()->height(), ctrl->height());
+
+    QSignalSpy changed(ctrl, &DistanceCtrl::changed), committed(ctrl, &DistanceCtrl::committed),
+        distance(ctrl, &DistanceCtrl::distanceChanged);
+    ctrl->Edit()->setFocus();
+    QTest::keyClicks(ctrl->Edit(), QStringLiteral("2 km"));
+    ASSERT_EQ(changed.count(), 4);
+    EXPECT_EQ(changed.last().at(0).toString(), QStringLiteral("2 km"));
+    // Typing makes the control hold its (unchanged) value: 0 until a host sets one.
+    ASSERT_EQ(distance.count(), 1);
+    EXPECT_EQ(distance.at(0).at(0).toDouble(), 0.0);
+    other->setFocus();
+    ASSERT_EQ(committed.count(), 1);
+    EXPECT_EQ(committed.at(0).at(0).toString(), QStringLiteral("2 km"));
+    double value = 0.0;
+    ASSERT_TRUE(ctrl->ReadTypedDistance(value));
+    EXPECT_EQ(value, 2000.0);
 }
