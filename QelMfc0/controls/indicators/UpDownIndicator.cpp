@@ -100,13 +100,13 @@ UpDownIndicator::~UpDownIndicator() = default;
 
 void UpDownIndicator::LoadAttributes(const CAttributeMap& attributes)
 {
-    attributes.GetAttribColor(ATTR_PANECOLOR, m_paneColor);
-    attributes.GetAttribColor(ATTR_ABOVECOLOR, m_aboveColor);
-    attributes.GetAttribColor(ATTR_INSIDECOLOR, m_insideColor);
-    attributes.GetAttribColor(ATTR_BELOWCOLOR, m_belowColor);
-    attributes.GetAttribColor(ATTR_TEXTCOLOR, m_textColor);
-    attributes.GetAttribColor(ATTR_BCKGNDCOLOR, m_backgroundColor);
-    attributes.GetAttribColor(ATTR_LABELBACKGROUNDCOLOR, m_labelBackgroundColor);
+    attributes.GetAttribColor(ATTR_PANECOLOR, m_colors.pane);
+    attributes.GetAttribColor(ATTR_ABOVECOLOR, m_colors.above);
+    attributes.GetAttribColor(ATTR_INSIDECOLOR, m_colors.inside);
+    attributes.GetAttribColor(ATTR_BELOWCOLOR, m_colors.below);
+    attributes.GetAttribColor(ATTR_TEXTCOLOR, m_colors.text);
+    attributes.GetAttribColor(ATTR_BCKGNDCOLOR, m_colors.background);
+    attributes.GetAttribColor(ATTR_LABELBACKGROUNDCOLOR, m_colors.labelBackground);
     m_font.LoadAttributes(attributes);
     QPair<double, double> range;
     if (attributes.GetAttribValue(ATTR_YAXISRANGE, range)) {
@@ -180,6 +180,27 @@ void UpDownIndicator::SetAxisRange(double minValue, double maxValue)
     m_axisMax = maxValue;
 }
 
+void UpDownIndicator::SetMarkerMode(int mode)
+{
+    m_markerMode = mode;
+}
+
+void UpDownIndicator::SetColors(const Colors& colors)
+{
+    m_colors = colors;
+}
+
+void UpDownIndicator::SetFont(const FontInfo& font)
+{
+    m_font = font;
+}
+
+int UpDownIndicator::GetPointerSize() const
+{
+    // The font size in points doubles as the pointer's size in pixels.
+    return std::clamp(m_font.GetSize(), 0, kMaxPointerSize);
+}
+
 void UpDownIndicator::GetAxisRange(double& minValue, double& maxValue) const
 {
     minValue = m_axisMin;
@@ -242,10 +263,30 @@ int UpDownIndicator::Position(double value, double scale, int origin) const
     return static_cast<int>(std::clamp(p, -kFarAway, kFarAway));
 }
 
-void UpDownIndicator::FillSpan(QPainter* painter, int x1, int y1, int x2, int y2, COLORREF color)
+void UpDownIndicator::FillSpan(QPainter* painter, const QRect& box, COLORREF color)
 {
-    if (x2 > x1 && y2 > y1)
-        painter->fillRect(QRect(x1, y1, x2 - x1, y2 - y1), toQColor(color));
+    if (!box.isEmpty())
+        painter->fillRect(box, toQColor(color));
+}
+
+QPoint UpDownIndicator::AxisFrame::At(int a, int c) const
+{
+    return horizontal ? QPoint(a, c) : QPoint(c, a);
+}
+
+QRect UpDownIndicator::AxisFrame::Box(int a1, int a2, int c1, int c2, int padLeft) const
+{
+    return horizontal ? BoxRect(a1 - padLeft, c1, a2, c2) : BoxRect(c1 - padLeft, a1, c2, a2);
+}
+
+int UpDownIndicator::AxisFrame::Along(const QSize& size) const
+{
+    return horizontal ? size.width() : size.height();
+}
+
+int UpDownIndicator::AxisFrame::Across(const QSize& size) const
+{
+    return horizontal ? size.height() : size.width();
 }
 
 void UpDownIndicator::Draw(QPainter* painter, const QRect& rect)
@@ -255,10 +296,10 @@ void UpDownIndicator::Draw(QPainter* painter, const QRect& rect)
         return;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing, false);
-    FillSpan(painter, strip.left, strip.top, strip.right, strip.bottom, Mode(m_paneColor));
+    FillSpan(painter, BoxRect(strip.left, strip.top, strip.right, strip.bottom), Mode(m_colors.pane));
     if (m_valid && Drawable()) {
-        painter->setPen(QPen(toQColor(Mode(m_textColor)), 1, Qt::SolidLine));
-        painter->setBrush(QBrush(toQColor(Mode(m_backgroundColor))));
+        painter->setPen(QPen(toQColor(Mode(m_colors.text)), 1, Qt::SolidLine));
+        painter->setBrush(QBrush(toQColor(Mode(m_colors.background))));
         painter->setFont(m_font.ToQFont());
         DrawIndicator(painter, strip);
     }
@@ -267,209 +308,145 @@ void UpDownIndicator::Draw(QPainter* painter, const QRect& rect)
 
 void UpDownIndicator::DrawIndicator(QPainter* painter, const Box& r)
 {
-    // The font size in points doubles as the pointer's size in pixels.
-    const int m = std::clamp(m_font.GetSize(), 0, kMaxPointerSize);
+    const AxisFrame frame { m_horizontal };
+    // The strip in the frame: the axis runs from aLow to aHigh on the screen, the gauge across
+    // it from the axis line at cStart to the far edge cEnd, where the name strip lies.
+    const int aLow = m_horizontal ? r.left : r.top;
+    const int aHigh = m_horizontal ? r.right : r.bottom;
+    const int cStart = m_horizontal ? r.top : r.left;
+    const int cEnd = m_horizontal ? r.bottom : r.right;
+    const int m = GetPointerSize();
+
     QFont nameFont = painter->font();
     nameFont.setItalic(true);
-    if (m_horizontal)
-        DrawHorizontal(painter, r, m, nameFont);
-    else
-        DrawVertical(painter, r, m, nameFont);
+    const QFontMetrics nameMetrics(nameFont, painter->device());
+    const int cName = cEnd - nameMetrics.height();
+    FillSpan(painter, frame.Box(aLow, aHigh, cName, cEnd), Mode(m_colors.labelBackground));
+    DrawName(painter, r, cName, nameFont);
+
+    // Larger values lie towards the right of a horizontal gauge and towards the top of a
+    // vertical one.
+    const int aAxisMin = m_horizontal ? aLow : aHigh;
+    const int aAxisMax = m_horizontal ? aHigh : aLow;
+    const double k = double(aAxisMax - aAxisMin) / (m_axisMax - m_axisMin);
+    if (!std::isfinite(k))
+        return;
+    const int aRef = Position(m_refValue, k, aAxisMin);
+    const int aVal = Position(m_value, k, aAxisMin);
+    const int aMin = Position(m_minMarker, k, aAxisMin);
+    const int aMax = Position(m_maxMarker, k, aAxisMin);
+    const bool markers = m_markerMode != MARKERS_NONE;
+
+    DrawBar(painter, frame, { aLow, aHigh, cStart, cName }, { aRef, aVal, aMin, aMax });
+    GdiLine(painter, frame.At(aLow, cStart), frame.At(aHigh, cStart));
+
+    const QelFormatter formatter;
+    const QFontMetrics metrics = painter->fontMetrics();
+    if (m_refValue != 0.0) {
+        const QString text = formatter.FormatDepth(m_refValue, false);
+        const QSize size(metrics.horizontalAdvance(text), metrics.height());
+        const int along = frame.Along(size);
+        const int across = std::min(frame.Across(size), cName - cStart);
+        // Centred on the reference against the name strip, 2 pixels free left of the text.
+        const QRect box = frame.Box(aRef - along / 2, aRef + along / 2, cName - across, cName, 2);
+        // The label's background colour stays the text background, as a device context keeps
+        // the colour it was given: in a painter in opaque mode the value text gets it too.
+        painter->setBackground(toQColor(Mode(m_colors.labelBackground)));
+        DrawTextAt(painter, box.left() + 2, box.y() + box.height(), text, box, true,
+                   Mode(m_colors.labelBackground));
+    }
+
+    // Texts stay upright: they run along the axis of a horizontal gauge and across the axis of a
+    // vertical one. The pointer's box is as long as its text where the text runs along the
+    // axis, and as thick as the tip where it runs across.
+    const bool textAlong = m_horizontal;
+    const QString text = formatter.FormatDepth(m_value, false);
+    const QSize size(metrics.horizontalAdvance(text), metrics.height());
+    const int along = frame.Along(size);
+    const int half = textAlong ? along / 2 + 3 : m;
+    const int aPtr = Limit(aVal, aLow + half, aHigh - half);
+    const int c0 = std::max(cStart, cName - frame.Across(size) - m - 5);
+    GdiLine(painter, frame.At(aVal, cStart), frame.At(aVal, c0));
+    const QPoint p[7] = { frame.At(aVal - m, c0 + m),       frame.At(aVal, c0),
+                          frame.At(aVal + m, c0 + m),       frame.At(aPtr + half, c0 + m),
+                          frame.At(aPtr + half, cName - 1), frame.At(aPtr - half, cName - 1),
+                          frame.At(aPtr - half, c0 + m) };
+    DrawPointer(painter, p, aPtr == aVal);
+
+    if (markers)
+        DrawMarkerLines(painter, frame.At(aMin, cStart), frame.At(aMin, cName - 2),
+                        frame.At(aMax, cStart), frame.At(aMax, cName - 2));
+
+    // Along the axis the text fills the box, 3 pixels in, on the name strip; across it, the
+    // text starts past the tip, centred on the pointer.
+    const QRect cell = textAlong ? frame.Box(aPtr - half, aPtr + half, c0, cName)
+                                 : frame.Box(aPtr - along / 2, aPtr + along / 2, c0 + m + 5, cName);
+    DrawTextAt(painter, cell.left() + (textAlong ? 3 : 0), cell.y() + cell.height(), text, cell);
+
     if (m_showResetButton)
         DrawResetButton(painter, r);
 }
 
-void UpDownIndicator::DrawVertical(QPainter* painter, const Box& r, int m, const QFont& nameFont)
+void UpDownIndicator::DrawName(QPainter* painter, const Box& r, int cName, const QFont& nameFont) const
 {
-    // Name strip on the right; the name reads from bottom to top.
+    // The name lies at the end of the larger values: from the top of a vertical gauge, where it
+    // reads from bottom to top, and at the right end of a horizontal one.
+    if (m_itemName.isEmpty())
+        return;
     const QFontMetrics nameMetrics(nameFont, painter->device());
     const int cx = nameMetrics.horizontalAdvance(m_itemName);
-    const int cy = nameMetrics.height();
-    const int L = r.right - cy;
-    const QRect nameStrip = BoxRect(L, r.top, r.right, r.bottom);
-    FillSpan(painter, L, r.top, r.right, r.bottom, Mode(m_labelBackgroundColor));
-    if (!m_itemName.isEmpty() && !nameStrip.isEmpty()) {
-        painter->save();
-        painter->setFont(nameFont);
-        painter->setClipRect(nameStrip, Qt::IntersectClip);
-        painter->translate(r.right, r.top + cx + 3);
-        painter->rotate(-90.0);
-        painter->drawText(QPoint(0, -nameMetrics.descent()), m_itemName);
-        painter->restore();
-    }
-
-    const double k = double(r.top - r.bottom) / (m_axisMax - m_axisMin);
-    if (!std::isfinite(k))
-        return;
-    const int yRef = Position(m_refValue, k, r.bottom);
-    const int yVal = Position(m_value, k, r.bottom);
-    const int yMin = Position(m_minMarker, k, r.bottom);
-    const int yMax = Position(m_maxMarker, k, r.bottom);
-    const bool markers = m_markerMode != MARKERS_NONE;
-    // A value or marker off the axis pegs its stretch at the strip's edge.
-    auto fill = [&](int y1, int y2, COLORREF c) {
-        FillSpan(painter, r.left, std::max(y1, r.top), L, std::min(y2, r.bottom), c);
-    };
-
-    // Bar, top to bottom on the screen; the band colours are drawn as they are.
-    if (m_value < m_refValue) {
-        int c = yRef;
-        if (markers && yMax < yVal) {
-            if (c < yMax) {
-                fill(c, yMax, m_belowColor);
-                c = yMax;
-            }
-            if (c < yMin) {
-                fill(c, std::min(yMin, yVal), m_insideColor);
-                c = yMin;
-            }
+    painter->save();
+    painter->setFont(nameFont);
+    if (m_horizontal) {
+        DrawTextAt(painter, r.right - cx, r.bottom, m_itemName, BoxRect(r.right - cx - 3, cName, r.right, r.bottom));
+    } else {
+        const QRect nameStrip = BoxRect(cName, r.top, r.right, r.bottom);
+        if (!nameStrip.isEmpty()) {
+            painter->setClipRect(nameStrip, Qt::IntersectClip);
+            painter->translate(r.right, r.top + cx + 3);
+            painter->rotate(-90.0);
+            painter->drawText(QPoint(0, -nameMetrics.descent()), m_itemName);
         }
-        if (c < yVal)
-            fill(c, yVal, m_belowColor);
-    } else if (m_value > m_refValue) {
-        int c = yRef;
-        if (markers && yVal < yMin) {
-            if (yMin < c) {
-                fill(yMin, c, m_aboveColor);
-                c = yMin;
-            }
-            if (yMax < c) {
-                fill(std::max(yMax, yVal), c, m_insideColor);
-                c = yMax;
-            }
-        }
-        if (yVal < c)
-            fill(yVal, c, m_aboveColor);
     }
-
-    GdiLine(painter, QPoint(r.left, r.top), QPoint(r.left, r.bottom));
-
-    const QelFormatter formatter;
-    const QFontMetrics metrics = painter->fontMetrics();
-    if (m_refValue != 0.0) {
-        const QString text = formatter.FormatDepth(m_refValue, false);
-        const int tx = metrics.horizontalAdvance(text);
-        const int ty = metrics.height();
-        const int w = std::min(tx, L - r.left);
-        const QRect box = BoxRect(L - w - 2, yRef - ty / 2, L, yRef + ty / 2);
-        // The label's background colour stays the text background, as a device context keeps
-        // the colour it was given: in a painter in opaque mode the value text gets it too.
-        painter->setBackground(toQColor(Mode(m_labelBackgroundColor)));
-        DrawTextAt(painter, box.left() + 2, yRef + ty / 2, text, box, true,
-                   Mode(m_labelBackgroundColor));
-    }
-
-    const QString text = formatter.FormatDepth(m_value, false);
-    const int tx = metrics.horizontalAdvance(text);
-    const int ty = metrics.height();
-    const int yPtr = Limit(yVal, r.top + m, r.bottom - m);
-    const int x0 = std::max(r.left, L - tx - m - 5);
-    GdiLine(painter, QPoint(r.left, yVal), QPoint(x0, yVal));
-    const QPoint p[7] = { { x0 + m, yVal - m }, { x0, yVal },         { x0 + m, yVal + m },
-                          { x0 + m, yPtr + m }, { L - 1, yPtr + m }, { L - 1, yPtr - m },
-                          { x0 + m, yPtr - m } };
-    DrawPointer(painter, p, yPtr == yVal);
-
-    if (markers)
-        DrawMarkerLines(painter, { r.left, yMin }, { L - 2, yMin }, { r.left, yMax },
-                        { L - 2, yMax });
-
-    DrawTextAt(painter, x0 + m + 5, yPtr + ty / 2, text,
-               BoxRect(x0 + m + 5, yPtr - ty / 2, L, yPtr + ty / 2));
+    painter->restore();
 }
 
-void UpDownIndicator::DrawHorizontal(QPainter* painter, const Box& r, int m,
-                                     const QFont& nameFont)
+void UpDownIndicator::DrawBar(QPainter* painter, const AxisFrame& frame, const Span& span,
+                              const Marks& at) const
 {
-    // Name strip along the bottom, the name at its right end.
-    const QFontMetrics nameMetrics(nameFont, painter->device());
-    const int cx = nameMetrics.horizontalAdvance(m_itemName);
-    const int cy = nameMetrics.height();
-    const int B = r.bottom - cy;
-    FillSpan(painter, r.left, B, r.right, r.bottom, Mode(m_labelBackgroundColor));
-    {
-        painter->save();
-        painter->setFont(nameFont);
-        DrawTextAt(painter, r.right - cx, r.bottom, m_itemName,
-                   BoxRect(r.right - cx - 3, B, r.right, r.bottom));
-        painter->restore();
-    }
-
-    const double k = double(r.right - r.left) / (m_axisMax - m_axisMin);
-    if (!std::isfinite(k))
+    if (m_value == m_refValue)
         return;
-    const int xRef = Position(m_refValue, k, r.left);
-    const int xVal = Position(m_value, k, r.left);
-    const int xMin = Position(m_minMarker, k, r.left);
-    const int xMax = Position(m_maxMarker, k, r.left);
-    const bool markers = m_markerMode != MARKERS_NONE;
-    auto fill = [&](int x1, int x2, COLORREF c) {
-        FillSpan(painter, std::max(x1, r.left), r.top, std::min(x2, r.right), B, c);
+    // The bar runs from the reference towards the value. With markers, the stretch that crosses
+    // the band is drawn in the inside colour; the stretch before the band in the value's side
+    // colour, except towards larger values of a horizontal gauge, which draws it in the below
+    // colour as well; the stretch beyond the band in the value's side colour.
+    const bool up = m_value > m_refValue;
+    const int first = up ? at.min : at.max;
+    const int last = up ? at.max : at.min;
+    const COLORREF side = up ? m_colors.above : m_colors.below;
+    const COLORREF approach = up && !m_horizontal ? m_colors.above : m_colors.below;
+    // The screen direction from the reference to the value: +1 when it is towards aHigh.
+    const bool forward = up == m_horizontal;
+    const auto before = [forward](int p, int q) { return forward ? p < q : q < p; };
+    // A value or marker off the axis pegs its stretch at the strip's edge.
+    const auto fill = [&](int from, int to, COLORREF color) {
+        const int a1 = std::max(forward ? from : to, span.aLow);
+        const int a2 = std::min(forward ? to : from, span.aHigh);
+        FillSpan(painter, frame.Box(a1, a2, span.cStart, span.cEnd), color);
     };
-
-    // Bar, left to right. Towards larger values the stretch from the reference up to the
-    // band is drawn in the below colour as well.
-    if (m_value > m_refValue) {
-        int c = xRef;
-        if (markers && xMin < xVal) {
-            if (c < xMin) {
-                fill(c, xMin, m_belowColor);
-                c = xMin;
-            }
-            if (c < xMax) {
-                fill(c, std::min(xMax, xVal), m_insideColor);
-                c = xMax;
-            }
+    int c = at.ref;
+    if (m_markerMode != MARKERS_NONE && before(first, at.value)) {
+        if (before(c, first)) {
+            fill(c, first, approach);
+            c = first;
         }
-        if (c < xVal)
-            fill(c, xVal, m_aboveColor);
-    } else if (m_value < m_refValue) {
-        int c = xRef;
-        if (markers && xVal < xMax) {
-            if (xMax < c) {
-                fill(xMax, c, m_belowColor);
-                c = xMax;
-            }
-            if (xMin < c) {
-                fill(std::max(xMin, xVal), c, m_insideColor);
-                c = xMin;
-            }
+        if (before(c, last)) {
+            fill(c, before(last, at.value) ? last : at.value, m_colors.inside);
+            c = last;
         }
-        if (xVal < c)
-            fill(xVal, c, m_belowColor);
     }
-
-    GdiLine(painter, QPoint(r.left, r.top), QPoint(r.right, r.top));
-
-    const QelFormatter formatter;
-    const QFontMetrics metrics = painter->fontMetrics();
-    if (m_refValue != 0.0) {
-        const QString text = formatter.FormatDepth(m_refValue, false);
-        const int tx = metrics.horizontalAdvance(text);
-        const int ty = metrics.height();
-        const int h = std::min(ty, B - r.top);
-        const QRect box = BoxRect(xRef - tx / 2 - 2, B - h, xRef + tx / 2, B);
-        painter->setBackground(toQColor(Mode(m_labelBackgroundColor)));
-        DrawTextAt(painter, box.left() + 2, B, text, box, true, Mode(m_labelBackgroundColor));
-    }
-
-    const QString text = formatter.FormatDepth(m_value, false);
-    const int tx = metrics.horizontalAdvance(text);
-    const int ty = metrics.height();
-    const int hw = tx / 2 + 3;
-    const int xPtr = Limit(xVal, r.left + hw, r.right - hw);
-    const int y0 = std::max(r.top, B - ty - m - 5);
-    GdiLine(painter, QPoint(xVal, r.top), QPoint(xVal, y0));
-    const QPoint p[7] = { { xVal - m, y0 + m }, { xVal, y0 },          { xVal + m, y0 + m },
-                          { xPtr + hw, y0 + m }, { xPtr + hw, B - 1 }, { xPtr - hw, B - 1 },
-                          { xPtr - hw, y0 + m } };
-    DrawPointer(painter, p, xPtr == xVal);
-
-    if (markers)
-        DrawMarkerLines(painter, { xMin, r.top }, { xMin, B - 2 }, { xMax, r.top },
-                        { xMax, B - 2 });
-
-    DrawTextAt(painter, xPtr - hw + 3, B, text, BoxRect(xPtr - hw, y0, xPtr + hw, B));
+    if (before(c, at.value))
+        fill(c, at.value, side);
 }
 
 void UpDownIndicator::DrawPointer(QPainter* painter, const QPoint (&p)[7], bool together) const
@@ -489,7 +466,7 @@ void UpDownIndicator::DrawMarkerLines(QPainter* painter, const QPoint& a1, const
 {
     // Three pixels wide, 21 on and 15 off; flat ends keep the dashes at exactly that length.
     // A geometric pen: its gaps stay open whatever the painter's background mode.
-    QPen pen(QBrush(toQColor(Mode(m_textColor))), 3, Qt::CustomDashLine, Qt::FlatCap);
+    QPen pen(QBrush(toQColor(Mode(m_colors.text))), 3, Qt::CustomDashLine, Qt::FlatCap);
     pen.setDashPattern({ 7.0, 5.0 });
     painter->save();
     painter->setBackgroundMode(Qt::TransparentMode);

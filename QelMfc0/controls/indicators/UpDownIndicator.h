@@ -34,6 +34,7 @@
 #include <QPainterPath>
 #include <QPoint>
 #include <QRect>
+#include <QSize>
 #include <QString>
 #include <QelBase/QelTypes.h>
 #include <QelMfc0/drawing/FontInfo.h>
@@ -62,6 +63,19 @@ public:
     static constexpr int kResetImageHeight = 15;
     // The colour of the image that is drawn transparent (light grey).
     static constexpr COLORREF kTransparentKey = RGB(192, 192, 192);
+
+    // The gauge's colours. Pane, text, pointer background and label background go through the
+    // colour mode when drawn; the three band colours (above, inside, below) are drawn as they are.
+    struct Colors
+    {
+        COLORREF pane = RGB(128, 128, 128);           // fill of the whole strip
+        COLORREF above = RGB(128, 128, 0);            // bar outside the band, value above the reference
+        COLORREF inside = RGB(0, 128, 0);             // bar inside the min/max band
+        COLORREF below = RGB(225, 0, 0);              // bar outside the band, value below the reference
+        COLORREF text = 0;                            // pen, texts and marker lines
+        COLORREF background = RGB(225, 255, 255);     // fill of the pointer
+        COLORREF labelBackground = RGB(224, 224, 224); // name strip and reference label
+    };
 
     // Default colours and range, not valid, one layer, vertical; loads the reset button's image
     // from the common Bitmaps folder and recolours its black for the colour mode now in force.
@@ -93,10 +107,26 @@ public:
     void SetHorizontalMode(bool horizontal);
     // The values at the two ends of the axis; for hosts that do not use attributes.
     void SetAxisRange(double minValue, double maxValue);
+    // The marker mode (MARKERS_NONE, MARKERS_FIXED, MARKERS_PROGRAM); for hosts that do not use
+    // attributes.
+    void SetMarkerMode(int mode);
+    // All colours at once; for hosts that do not use attributes.
+    void SetColors(const Colors& colors);
+    const Colors& GetColors() const { return m_colors; }
+    // The font of the texts; its size in points is also the pointer's size in pixels.
+    void SetFont(const FontInfo& font);
+    const FontInfo& GetFont() const { return m_font; }
+    // The pointer's size in pixels: the font size in points, limited to a sane size.
+    int GetPointerSize() const;
 
     // True after SetDeltaValue or SetRefValue, false after construction and Clear.
     bool IsValid() const { return m_valid; }
+    // The settings as they are.
     bool IsHorizontalMode() const { return m_horizontal; }
+    double GetDeltaValue() const { return m_value; }
+    double GetRefValue() const { return m_refValue; }
+    const QString& GetItemName() const { return m_itemName; }
+    bool IsResetButtonShown() const { return m_showResetButton; }
     int GetMarkerMode() const { return m_markerMode; }
     void GetAxisRange(double& minValue, double& maxValue) const;
     void GetMinMaxMarker(double& minValue, double& maxValue) const;
@@ -118,28 +148,46 @@ private:
     {
         int left = 0, top = 0, right = 0, bottom = 0;
     };
+    // The gauge's own frame: `a` runs along the axis and `c` across it, from the axis line
+    // towards the name strip. A vertical gauge has a = y and c = x, a horizontal one a = x and
+    // c = y: the one is the other mirrored on the diagonal, which maps pixels onto pixels.
+    struct AxisFrame
+    {
+        bool horizontal = false;
+        QPoint At(int a, int c) const;
+        // The half-open box a1..a2 by c1..c2 on the screen, widened by `padLeft` pixels to the
+        // screen's left; empty when inverted.
+        QRect Box(int a1, int a2, int c1, int c2, int padLeft = 0) const;
+        // A screen extent's part along and across the axis.
+        int Along(const QSize& size) const;
+        int Across(const QSize& size) const;
+    };
+    // Where the bar may lie in the frame: aLow..aHigh along the axis, cStart..cEnd across it.
+    struct Span
+    {
+        int aLow, aHigh, cStart, cEnd;
+    };
+    // Positions along the axis of the reference, the value and the two markers.
+    struct Marks
+    {
+        int ref, value, min, max;
+    };
 
     bool StripOf(const QRect& rect, Box& strip) const;
     bool Drawable() const;
     int Position(double value, double scale, int origin) const;
     void DrawIndicator(QPainter* painter, const Box& r);
-    void DrawVertical(QPainter* painter, const Box& r, int m, const QFont& nameFont);
-    void DrawHorizontal(QPainter* painter, const Box& r, int m, const QFont& nameFont);
+    void DrawName(QPainter* painter, const Box& r, int cName, const QFont& nameFont) const;
+    void DrawBar(QPainter* painter, const AxisFrame& frame, const Span& span, const Marks& at) const;
     void DrawPointer(QPainter* painter, const QPoint (&p)[7], bool together) const;
     void DrawMarkerLines(QPainter* painter, const QPoint& a1, const QPoint& a2,
                          const QPoint& b1, const QPoint& b2) const;
     void DrawResetButton(QPainter* painter, const Box& r);
     void BlitButton(QPainter* painter, const QRectF& bounds) const;
     static void UpdateColorForNightView(QImage& image, COLORREF color);
-    static void FillSpan(QPainter* painter, int x1, int y1, int x2, int y2, COLORREF color);
+    static void FillSpan(QPainter* painter, const QRect& box, COLORREF color);
 
-    COLORREF m_paneColor = RGB(128, 128, 128);
-    COLORREF m_aboveColor = RGB(128, 128, 0);
-    COLORREF m_insideColor = RGB(0, 128, 0);
-    COLORREF m_belowColor = RGB(225, 0, 0);
-    COLORREF m_textColor = 0;
-    COLORREF m_backgroundColor = RGB(225, 255, 255);
-    COLORREF m_labelBackgroundColor = RGB(224, 224, 224);
+    Colors m_colors;
     FontInfo m_font;
     double m_axisMin = -10.0;
     double m_axisMax = 10.0;
