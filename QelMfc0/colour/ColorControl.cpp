@@ -102,6 +102,14 @@ COLORREF GrayOf(COLORREF color)
     const int level = std::min(255, int(std::floor(((luminance - 0.5) * 0.25 + 0.75) * 255.0 + 0.5)));
     return RGB(level, level, level);
 }
+// Converts a 32-bit image of any channel order in place with `remapper`.
+void RemapImage(const BitmapRemapper& remapper, QImage& image)
+{
+    const auto layout = PixelLayoutOf(image);
+    if (!layout || image.isNull() || remapper.IsIdentity())
+        return;
+    ForEachRowSlice(image, [&remapper, layout](quint32* line, int width) { remapper.Remap(line, width, *layout); });
+}
 } // namespace
 
 ColorControl& ColorControl::Instance()
@@ -117,28 +125,6 @@ ColorControl::ColorControl()
     qRegisterMetaType<ColorConverter::mode>("ColorConverter::mode");
     // Already in normal mode: returns at once, so a new instance converts nothing and loads no file.
     SetLightMode(ColorConverter::normal, false);
-}
-
-ColorControl::ColorControl(const ColorControl& other)
-    : QObject(nullptr)
-    , m_mode(other.m_mode)
-    , m_modeFileNames(other.m_modeFileNames)
-    , m_colorMap(other.m_colorMap)
-    , m_converter(other.m_converter)
-    , m_colorMapErrors(other.m_colorMapErrors)
-    , m_remapper(other.m_remapper)
-{
-}
-
-ColorControl& ColorControl::operator=(const ColorControl& other)
-{
-    m_mode = other.m_mode;
-    m_modeFileNames = other.m_modeFileNames;
-    m_colorMap = other.m_colorMap;
-    m_converter = other.m_converter;
-    m_colorMapErrors = other.m_colorMapErrors;
-    m_remapper = other.m_remapper;
-    return *this;
 }
 
 ColorControl::~ColorControl() = default;
@@ -166,10 +152,10 @@ void ColorControl::SetLightMode(ColorConverter::mode mode, bool changeWindowsThe
         // order the colour maps are written for: each pixel is converted as the colour it shows
         // (red as red), so that a yellow warning sign stays yellow and black turns to the mode's
         // text colour.
-        auto snapshot = std::make_shared<const ColorControl>(*this);
+        auto snapshot = std::make_shared<const BitmapRemapper>(m_remapper);
         ApplicationPalette::Apply(m_colorMap.GetFileColors(), [snapshot](QImage& image) {
             image = image.convertToFormat(QImage::Format_ARGB32).rgbSwapped();
-            snapshot->RemapBitmap(image);
+            RemapImage(*snapshot, image);
             image = image.rgbSwapped();
         });
     }
@@ -222,10 +208,7 @@ void ColorControl::RemapColorTable(ColorTable& table) const
 
 void ColorControl::RemapBitmap(QImage& image) const
 {
-    const auto layout = PixelLayoutOf(image);
-    if (!layout || image.isNull() || m_remapper.IsIdentity())
-        return;
-    ForEachRowSlice(image, [this, layout](quint32* line, int width) { m_remapper.Remap(line, width, *layout); });
+    RemapImage(m_remapper, image);
 }
 
 void ColorControl::RemapBitmapGray(QImage& image) const

@@ -30,10 +30,8 @@ public:
     static ColorControl& Instance();
 
     ColorControl();
-    // A copy converts like the original; it has no connections of its own.
-    ColorControl(const ColorControl& other);
-    ColorControl& operator=(const ColorControl& other);
     ~ColorControl() override;
+    Q_DISABLE_COPY_MOVE(ColorControl)
 
     // Switches to `mode`: loads the mode's colour map and, with `changeWindowsTheme`, shows the
     // application in the mode's system colours and switches the Windows theme. Nothing happens

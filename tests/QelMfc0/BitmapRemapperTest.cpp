@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <common/TestProject.h>
 #include <functional>
+#include <deque>
 #include <gtest/gtest.h>
 #include <hwy/targets.h>
 #include <random>
@@ -83,12 +84,12 @@ class ShippedMaps : public ::testing::Test
 {
 protected:
     // A control in each mode of a shipped map.
-    std::vector<std::pair<const char*, ColorControl>> Modes()
+    std::deque<std::pair<const char*, ColorControl>> Modes()
     {
-        std::vector<std::pair<const char*, ColorControl>> modes;
+        std::deque<std::pair<const char*, ColorControl>> modes;
         for (const auto& [name, mode] : { std::pair("night", ColorConverter::night), std::pair("twilight", ColorConverter::twilight),
                                           std::pair("bright", ColorConverter::bright) }) {
-            modes.emplace_back(name, ColorControl());
+            modes.emplace_back(std::piecewise_construct, std::forward_as_tuple(name), std::forward_as_tuple());
             modes.back().second.SetLightMode(mode, false);
         }
         return modes;

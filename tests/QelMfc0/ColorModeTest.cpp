@@ -11,6 +11,7 @@
 #include <QelMfc0/colour/ColorMapper.h>
 #include <QelSubscriber/SubscriptionManager.h>
 #include <common/TestProject.h>
+#include <deque>
 #include <gtest/gtest.h>
 
 namespace {
@@ -32,16 +33,17 @@ protected:
         ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
         file.write(text.toUtf8());
     }
-    // A control in night mode with `text` as the night map.
-    ColorControl NightControl(const QString& text)
+    // A control in night mode with `text` as the night map, kept by the fixture.
+    ColorControl& NightControl(const QString& text)
     {
         WriteMap("night", text);
-        ColorControl cc;
+        ColorControl& cc = controls.emplace_back();
         cc.SetLightMode(ColorConverter::night, false);
         return cc;
     }
 
     TestProject project;
+    std::deque<ColorControl> controls;
     QString folder;
 };
 
@@ -70,7 +72,7 @@ const char* const kParsingMap = "[QEL_COLORS]\n"
 
 TEST_F(ColourMapTest, EntriesAreReadLikePercentDAndMalformedOnesSkippedOneByOne)
 {
-    const ColorControl cc = NightControl(kParsingMap);
+    const ColorControl& cc = NightControl(kParsingMap);
     const struct { COLORREF in, out; } cases[] = {
         { 255, 65280 },                    // the first of a repeated key wins
         { 7, 7 },         { 18, 18 },      { 19, 19 },  // non-numeric key or value: skipped
@@ -101,7 +103,7 @@ TEST_F(ColourMapTest, AMissingOrUnreadableMapGivesTheIdentityAfterAModeWithAMap)
 {
     ASSERT_TRUE(QDir(folder).mkdir("bright.cmap")); // a folder: it cannot be opened as a file
     for (ColorConverter::mode next : { ColorConverter::twilight, ColorConverter::bright }) {
-        ColorControl cc = NightControl(QString(kParsingMap) + "[PARAMS]\nred = 0.5\ninvert = 1\n");
+        ColorControl& cc = NightControl(QString(kParsingMap) + "[PARAMS]\nred = 0.5\ninvert = 1\n");
         ASSERT_TRUE(cc.GetInvertColors());
         cc.SetLightMode(next, false);
         EXPECT_EQ(cc.GetColorMap().Count(), 0);
@@ -120,7 +122,7 @@ TEST_F(ColourMapTest, TrailingCommentsAreReadAndUnusableEntriesReported)
             sink->append(text);
     });
     // The example of the file format notes: every value carries a comment.
-    const ColorControl documented = NightControl("[PARAMS]\n"
+    const ColorControl& documented = NightControl("[PARAMS]\n"
                                                  "red = 0.42          ; factor of the lowest byte of a colour\n"
                                                  "green = 0.34\n"
                                                  "invert = 1          ; 1/0, true/false, yes/no, on/off\n"
@@ -137,7 +139,7 @@ TEST_F(ColourMapTest, TrailingCommentsAreReadAndUnusableEntriesReported)
     EXPECT_TRUE(warnings.isEmpty());
 
     // Each entry that is skipped, or read only in part, is reported once; the others are not.
-    const ColorControl cc = NightControl(QString(kParsingMap) + "[PARAMS]\nred = dark\nblue = -2\ninvert = maybe\ngamma = 2\n");
+    const ColorControl& cc = NightControl(QString(kParsingMap) + "[PARAMS]\nred = dark\nblue = -2\ninvert = maybe\ngamma = 2\n");
     qInstallMessageHandler(previous);
     const char* const reported[] = {
         "[QEL_COLORS] 255 = 16711680:", "[QEL_COLORS] abc = 7:", "[QEL_COLORS] 18 = xyz:", "[QEL_COLORS] 19 = :",
@@ -192,7 +194,7 @@ TEST_F(ColourMapTest, ParametersFallBackKeyByKeyAndGetColorInvertsScalesRoundsAn
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.params);
-        const ColorControl cc = NightControl(QString("[QEL_COLORS]\n255 = 65280\n[PARAMS]\n") + c.params);
+        const ColorControl& cc = NightControl(QString("[QEL_COLORS]\n255 = 65280\n[PARAMS]\n") + c.params);
         EXPECT_EQ(cc.GetColor(c.in, c.raw), c.out) << std::hex << c.in;
     }
 }
@@ -206,7 +208,7 @@ TEST(ColourConversion, GreyAndHalfBrightnessColours)
 
 TEST_F(ColourMapTest, RemapBitmapConvertsOnly32BitImagesPixelByPixel)
 {
-    const ColorControl cc = NightControl("[QEL_COLORS]\n255 = 16776960\n[PARAMS]\nred = 0.5\nblue = 0.25\ninvert = 1\n");
+    const ColorControl& cc = NightControl("[QEL_COLORS]\n255 = 16776960\n[PARAMS]\nred = 0.5\nblue = 0.25\ninvert = 1\n");
     for (QImage::Format format : { QImage::Format_RGB888, QImage::Format_Indexed8, QImage::Format_RGB30 }) {
         QImage image = QImage(4, 3, QImage::Format_ARGB32).convertToFormat(format);
         image.fill(Qt::red); // substituted and scaled if it were converted
@@ -250,7 +252,7 @@ TEST_F(ColourMapTest, RemapBitmapConvertsOnly32BitImagesPixelByPixel)
 
 TEST_F(ColourMapTest, RemapColorTableScalesWithoutSubstitutionOrInversion)
 {
-    const ColorControl cc = NightControl("[QEL_COLORS]\n255 = 65280\n[PARAMS]\nred = 0.5\nblue = 0.25\ninvert = 1\n");
+    const ColorControl& cc = NightControl("[QEL_COLORS]\n255 = 65280\n[PARAMS]\nred = 0.5\nblue = 0.25\ninvert = 1\n");
     ColorTable table;
     table.SetLowColor(255);
     table.InsertEntry(1.0, 255, false);
