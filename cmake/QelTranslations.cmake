@@ -28,9 +28,13 @@ function(qel_add_translations target)
   list(REMOVE_DUPLICATES sources)
   list(SORT sources)
 
-  # Includes written the way the code writes them ("QelMfc0/colour/ColorMap.h", "QelBase/...")
-  # let lupdate find each class's declaration and so its translation context.
+  # Includes written the way the code writes them ("QelMfc0/colour/ColorMap.h", "QelBase/...",
+  # "pages/EntryPage.h") let lupdate find each class's declaration and so its translation context.
   set(list_text "-I${PROJECT_SOURCE_DIR}\n-I${PROJECT_SOURCE_DIR}/suite\n")
+  foreach(dir IN LISTS ARG_SOURCE_DIRS)
+    get_filename_component(dir ${dir} ABSOLUTE)
+    string(APPEND list_text "-I${dir}\n")
+  endforeach()
   foreach(source IN LISTS sources)
     string(APPEND list_text "${source}\n")
   endforeach()
