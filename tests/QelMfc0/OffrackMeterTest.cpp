@@ -1,5 +1,7 @@
 // The navigation meters rendered into 96-dpi images: the off-track bar with its scale,
-// tolerance wedges and value text, and the distance-on-run-line bar.
+// tolerance wedges and value text, and the distance-on-run-line bar; and their widgets.
+#include "IndicatorWidgetChecks.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -12,7 +14,9 @@
 #include <QelMfc0/drawing/FontInfo.h>
 #include <QelMfc0/colour/ColorControl.h>
 #include <QelMfc0/controls/indicators/DistOnRlineMeter.h>
+#include <QelMfc0/controls/indicators/DistOnRlineMeterWidget.h>
 #include <QelMfc0/controls/indicators/OffrackMeter.h>
+#include <QelMfc0/controls/indicators/OffrackMeterWidget.h>
 #include <common/TestProject.h>
 #include <gtest/gtest.h>
 #include <limits>
@@ -245,6 +249,70 @@ TEST(DistOnRlineMeterTest, FillsFromTheBottomInProportion)
         meter.SetRange(range);
         EXPECT_EQ(render(10.0), Canvas(20, 130)) << range;
     }
+}
+
+TEST(OffrackMeterWidgetTest, PropertiesPaintingAndRoomForTheTexts)
+{
+    OffrackMeterWidget widget;
+    ExpectNotifyingProperties(widget, {
+        { "value", -3.5 }, { "range", 10.0 }, { "tickIntervals", 4 }, { "tolerance", 3.0 },
+        { "foregroundColor", QColor(255, 0, 0) }, { "backgroundColor", QColor(255, 255, 0) },
+        { "leftSideColor", QColor(0, 160, 0) }, { "rightSideColor", QColor(0, 0, 255) },
+    });
+
+    // The widget is cleared to the background, the bar drawn above the value's line.
+    widget.resize(widget.sizeHint());
+    OffrackMeter meter;
+    meter.SetColor(RGB(255, 0, 0));
+    meter.SetBkColor(RGB(255, 255, 0));
+    meter.SetLRSideColor(RGB(0, 160, 0), RGB(0, 0, 255));
+    meter.SetRange(10.0);
+    meter.SetTickIntervals(4);
+    meter.SetTolerance(3.0);
+    meter.SetValue(-3.5);
+    QImage expected = Canvas(widget.width(), widget.height());
+    {
+        QPainter painter(&expected);
+        painter.fillRect(expected.rect(), QColor(255, 255, 0));
+        meter.Draw(&painter, widget.barRect());
+    }
+    EXPECT_EQ(Rendered(widget), expected);
+
+    // At its minimum height the labels and the value text are as whole as with room to spare.
+    widget.setValue(-1000.0);
+    widget.resize(widget.width(), widget.minimumSizeHint().height());
+    const QImage tight = Rendered(widget);
+    const int bar = widget.barRect().height();
+    widget.resize(widget.width(), widget.height() + 30);
+    const QImage roomy = Rendered(widget);
+    const int line = tight.height() - bar;
+    EXPECT_EQ(tight.copy(0, bar, tight.width(), line), roomy.copy(0, widget.barRect().height(), roomy.width(), line));
+    const int labels = bar - OffrackMeter::kTickLength; // above the lower tick marks
+    EXPECT_EQ(tight.copy(0, 0, tight.width(), labels), roomy.copy(0, 0, roomy.width(), labels));
+
+    EXPECT_TRUE(RepaintsOnModeChange(widget));
+}
+
+TEST(DistOnRlineMeterWidgetTest, PropertiesAndPainting)
+{
+    DistOnRlineMeterWidget widget;
+    ExpectNotifyingProperties(widget, {
+        { "value", 30.0 }, { "range", 60.0 }, { "barColor", QColor(0, 128, 0) },
+        { "backgroundColor", QColor(255, 255, 0) },
+    });
+    widget.resize(20, 100);
+    DistOnRlineMeter meter;
+    meter.SetColor(RGB(0, 128, 0));
+    meter.SetBkColor(RGB(255, 255, 0));
+    meter.SetRange(60.0);
+    meter.SetValue(30.0);
+    QImage expected = Canvas(20, 100);
+    {
+        QPainter painter(&expected);
+        meter.Draw(&painter, expected.rect());
+    }
+    EXPECT_EQ(Rendered(widget), expected);
+    EXPECT_TRUE(RepaintsOnModeChange(widget));
 }
 
 } // namespace

@@ -1,5 +1,8 @@
 // The up/down gauge: bar stretches by band in both orientations, the clamped pointer, labels,
-// layers, attributes, the reset button and the colour mode, all checked on rendered pixels.
+// layers, attributes, the reset button and the colour mode, all checked on rendered pixels;
+// and the widget that hosts one gauge.
+#include "IndicatorWidgetChecks.h"
+
 #include <common/TestProject.h>
 
 #include <QelAttributes/AttributeKeys.h>
@@ -8,6 +11,7 @@
 #include <QelMfc0/ColorRef.h>
 #include <QelMfc0/colour/ColorControl.h>
 #include <QelMfc0/controls/indicators/UpDownIndicator.h>
+#include <QelMfc0/controls/indicators/UpDownIndicatorWidget.h>
 
 #include <QFile>
 #include <QImage>
@@ -333,6 +337,140 @@ TEST_F(UpDownIndicatorTest, NightModeMapsThePaneButNotTheBand)
     EXPECT_EQ(At(image, 20, 250), kBelow);
     EXPECT_GT(Count(image, RGB(255, 0, 0), QRect(6, 7, 16, 15)), 20);
     EXPECT_EQ(Count(image, 0), 0);
+}
+
+TEST_F(UpDownIndicatorTest, WidgetPropertiesNotifyRealChangesOnly)
+{
+    UpDownIndicatorWidget widget;
+    QSignalSpy valid(&widget, &UpDownIndicatorWidget::validChanged);
+    QSignalSpy value(&widget, &UpDownIndicatorWidget::valueChanged);
+    widget.setValue(0.0); // the value it has: the gauge becomes valid, the value is not new
+    EXPECT_EQ(value.count(), 0);
+    ASSERT_EQ(valid.count(), 1);
+    EXPECT_TRUE(valid.at(0).at(0).toBool());
+
+    ExpectNotifyingProperties(widget, {
+        { "value", 3.5 }, { "reference", -2.0 }, { "axisMinimum", -20.0 }, { "axisMaximum", 30.0 },
+        { "bandVisible", true }, { "bandMinimum", -1.0 }, { "bandMaximum", 4.0 },
+        { "orientation", QVariant::fromValue(Qt::Horizontal) }, { "itemName", QStringLiteral("Head") },
+        { "resetButtonVisible", true }, { "paneColor", QColor(10, 20, 30) }, { "aboveColor", QColor(40, 50, 60) },
+        { "insideColor", QColor(70, 80, 90) }, { "belowColor", QColor(100, 110, 120) },
+        { "textColor", QColor(0, 0, 250) }, { "pointerColor", QColor(130, 140, 150) },
+        { "labelColor", QColor(160, 170, 180) },
+    });
+    widget.clear();
+    ASSERT_EQ(valid.count(), 2);
+    EXPECT_FALSE(valid.at(1).at(0).toBool());
+
+    // Settings loaded from attributes notify as they change; markers fixed by the attributes
+    // still take band limits from the widget.
+    CAttributeMap map;
+    map.SetAttribValue(UpDownIndicator::ATTR_SHOWMINMAXMARKER, UpDownIndicator::MARKERS_FIXED);
+    map.SetAttribValue(UpDownIndicator::ATTR_MINMAXMARKER, qMakePair(2.0, 6.0));
+    map.SetAttribValue(UpDownIndicator::ATTR_HORIZONTALMODE, false);
+    map.SetAttribColor(ATTR_PANECOLOR, RGB(1, 2, 3));
+    QSignalSpy band(&widget, &UpDownIndicatorWidget::bandMinimumChanged);
+    QSignalSpy orientation(&widget, &UpDownIndicatorWidget::orientationChanged);
+    QSignalSpy pane(&widget, &UpDownIndicatorWidget::paneColorChanged);
+    QSignalSpy axis(&widget, &UpDownIndicatorWidget::axisMinimumChanged);
+    widget.loadAttributes(map);
+    EXPECT_EQ(band.count(), 1);
+    EXPECT_EQ(orientation.count(), 1);
+    EXPECT_EQ(pane.count(), 1);
+    EXPECT_EQ(axis.count(), 0);
+    EXPECT_EQ(widget.paneColor(), QColor(1, 2, 3));
+    widget.setBandMaximum(5.0);
+    double low = 0.0, high = 0.0;
+    widget.indicator().GetMinMaxMarker(low, high);
+    EXPECT_EQ(widget.indicator().GetMarkerMode(), UpDownIndicator::MARKERS_FIXED);
+    EXPECT_EQ(std::make_pair(low, high), std::make_pair(2.0, 5.0));
+}
+
+TEST_F(UpDownIndicatorTest, WidgetPaintsWhatTheGaugeDrawsOverItsWholeArea)
+{
+    for (const bool horizontal : { false, true }) {
+        UpDownIndicatorWidget widget;
+        widget.resize(horizontal ? QSize(300, 120) : QSize(120, 300));
+        widget.setOrientation(horizontal ? Qt::Horizontal : Qt::Vertical);
+        widget.setBandVisible(true);
+        widget.setBandMinimum(-1.0);
+        widget.setBandMaximum(3.0);
+        widget.setItemName(QStringLiteral("Head"));
+        widget.setResetButtonVisible(true);
+        widget.setInsideColor(QColor(0, 0, 200));
+        widget.setLabelColor(QColor(250, 240, 200));
+        widget.setReference(-4.0);
+        widget.setValue(6.0);
+
+        UpDownIndicator gauge;
+        gauge.SetHorizontalMode(horizontal);
+        gauge.SetMarkerMode(UpDownIndicator::MARKERS_PROGRAM);
+        gauge.SetMinMaxMarker(-1.0, 3.0);
+        gauge.SetItemName(QStringLiteral("Head"));
+        gauge.ShowResetButton(true);
+        UpDownIndicator::Colors colors;
+        colors.inside = RGB(0, 0, 200);
+        colors.labelBackground = RGB(250, 240, 200);
+        gauge.SetColors(colors);
+        gauge.SetRefValue(-4.0);
+        gauge.SetDeltaValue(6.0);
+        EXPECT_EQ(Rendered(widget), Render(gauge, widget.size())) << horizontal;
+    }
+}
+
+TEST_F(UpDownIndicatorTest, WidgetAtItsMinimumSizeCutsNoText)
+{
+    // At its minimum size and with room to spare across the axis, the gauge looks the same on
+    // the name strip's side of the pointer's tip: pointer, value and reference label whole.
+    for (const bool horizontal : { false, true }) {
+        UpDownIndicatorWidget widget;
+        widget.setOrientation(horizontal ? Qt::Horizontal : Qt::Vertical);
+        widget.setAxisMinimum(-20000.0);
+        widget.setAxisMaximum(20000.0);
+        widget.setReference(-5000.5);
+        widget.setValue(12345.25);
+        widget.setItemName(QStringLiteral("Head"));
+        const QSize minimum = widget.minimumSizeHint();
+        widget.resize(minimum);
+        const QImage tight = Rendered(widget);
+        const QPoint spare = horizontal ? QPoint(0, 40) : QPoint(40, 0);
+        widget.resize(minimum + QSize(spare.x(), spare.y()));
+        const QImage roomy = Rendered(widget);
+        const QRect kept = horizontal ? QRect(0, 2, minimum.width(), minimum.height() - 2)
+                                      : QRect(2, 0, minimum.width() - 2, minimum.height());
+        EXPECT_EQ(tight.copy(kept), roomy.copy(kept.translated(spare))) << horizontal;
+
+        // A longer name needs a longer gauge; a wider number a wider one (across the axis of a
+        // vertical gauge, along a horizontal one).
+        const auto along = [&] { return horizontal ? widget.minimumSizeHint().width() : widget.minimumSizeHint().height(); };
+        const int before = along();
+        widget.setItemName(QStringLiteral("A much longer name of the dredge head"));
+        EXPECT_GT(along(), before) << horizontal;
+        widget.setItemName(QStringLiteral("Head"));
+        widget.setValue(-1234567.75);
+        EXPECT_GT(widget.minimumSizeHint().width(), minimum.width()) << horizontal;
+    }
+}
+
+TEST_F(UpDownIndicatorTest, WidgetReportsClicksOnTheResetButtonAndFollowsTheColourMode)
+{
+    UpDownIndicatorWidget widget;
+    widget.resize(120, 300);
+    widget.setValue(1.0);
+    QSignalSpy clicked(&widget, &UpDownIndicatorWidget::resetClicked);
+    widget.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget));
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, { 14, 14 }); // not shown yet
+    widget.setResetButtonVisible(true);
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, { 60, 150 });
+    QTest::mouseClick(&widget, Qt::RightButton, {}, { 14, 14 });
+    QTest::mousePress(&widget, Qt::LeftButton, {}, { 14, 14 }); // pressed on it, released off it
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, { 60, 150 });
+    EXPECT_EQ(clicked.count(), 0);
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, { 14, 14 });
+    EXPECT_EQ(clicked.count(), 1);
+
+    EXPECT_TRUE(RepaintsOnModeChange(widget));
 }
 
 } // namespace

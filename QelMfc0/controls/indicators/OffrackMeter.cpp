@@ -62,6 +62,11 @@ OffrackMeter::OffrackMeter()
 
 OffrackMeter::~OffrackMeter() = default;
 
+QString OffrackMeter::FormatReading(double reading)
+{
+    return FormatDistance(reading, DistanceDecimals());
+}
+
 void OffrackMeter::SetLRSideColor(COLORREF left, COLORREF right)
 {
     m_leftColor = left;
@@ -215,7 +220,7 @@ void OffrackMeter::DrawActualValue(QPainter* painter, const QRect& rect, int x) 
     if (!painter || !painter->isActive())
         return;
 
-    const QString text = FormatDistance(Value(), DistanceDecimals());
+    const QString text = FormatReading(Value());
     PECFont font;
     GDISelector fontGuard(painter, font.Create(m_fontFace, m_fontSize, m_italic, m_bold, painter->device(), true)
                                        ? static_cast<const QFont&>(font)

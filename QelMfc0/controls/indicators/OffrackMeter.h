@@ -86,6 +86,10 @@ public:
     // below the bar is never cut.
     void Draw(QPainter* painter, const QRect& rect, QWidget* window = nullptr) const;
 
+    // A reading as the meter writes it: with the open project's distance decimals (2 without a
+    // project).
+    static QString FormatReading(double reading);
+
     // Horizontal pixel offset (from x = 0) of a reading clamped to the scale; 0 when the
     // range is unusable.
     int ReadingToPixelPos(const QRect& rect, double reading) const;
