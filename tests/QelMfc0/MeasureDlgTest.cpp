@@ -220,6 +220,17 @@ TEST_F(MeasureDlgTest, ChosenFormatAndUnitAreFollowedAndRemembered)
     EXPECT_EQ(relative.EndControl()->FormatType(), CCoordinateCtrl::fmt_degrees);
     CMeasureBrgDistDlg brgDist(nullptr, &m_attributes);
     EXPECT_EQ(brgDist.DistanceControl()->DistUnit(), QStringLiteral("ft"));
+
+    // A format or unit chosen on any control of a dialog shows on all of them and is remembered.
+    relative.EndControl()->ChooseFormat(CCoordinateCtrl::kCmdGrid);
+    for (const CCoordinateCtrl* position : { relative.StartControl(), relative.CurrentControl() })
+        EXPECT_EQ(position->FormatType(), CCoordinateCtrl::fmt_grid);
+    EXPECT_EQ(m_attributes.FindValue(QStringLiteral("MeasureCoordFormat"))->GetInt(), CCoordinateCtrl::fmt_grid);
+    DistanceCtrl* offTrack = relative.OffTrackControl();
+    offTrack->ChooseUnit(DistanceCtrl::kFirstUnitCommand + UnitIndex(offTrack, QStringLiteral("m")));
+    for (const DistanceCtrl* other : { relative.FromStartControl(), relative.ToEndControl() })
+        EXPECT_EQ(other->DistUnit(), QStringLiteral("m"));
+    EXPECT_EQ(m_attributes.FindValue(QStringLiteral("MeasureDistUnit"))->GetString(), QStringLiteral("m"));
 }
 
 TEST_F(MeasureDlgTest, LineRelativeDistancesBeforeAlongAndPastTheLine)

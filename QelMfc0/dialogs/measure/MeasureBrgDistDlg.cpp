@@ -1,8 +1,6 @@
 #include "QelMfc0/dialogs/measure/MeasureBrgDistDlg.h"
 
 #include "QelMfc0/controls/DistanceCtrl.h"
-#include "QelMfc0/controls/PlaceholderReplacement.h"
-#include "QelMfc0/controls/ProjectFollower.h"
 
 #include <QelBase/DisplayScale.h>
 #include <QelBase/NumberUtils.h>
@@ -23,83 +21,43 @@ CMeasureBrgDistDlg::CMeasureBrgDistDlg(QWidget* parent, CAttributeMap* attribute
 {
     setWindowTitle(tr("Measure Relative Vessel"));
     EnableSizeGrip(true);
-    InitDialog();
-}
 
-CMeasureBrgDistDlg::~CMeasureBrgDistDlg() = default;
-
-void CMeasureBrgDistDlg::InitDialog()
-{
-    using MS = MeasureSupport;
-    auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(DpiCor(4), DpiCor(4), DpiCor(4), DpiCor(4));
-    grid->setSpacing(DpiCor(3));
-    m_bearingLabel = MS::MakeLabel(this, kBearingLabelId, tr("Bearing:"));
-    m_bearing = MS::MakeField(this, kBearingId);
-    grid->addWidget(m_bearingLabel, 0, 0);
+    QGridLayout* grid = MakeGrid();
+    grid->addWidget(AddLabel(kBearingLabelId, tr("Bearing:")), 0, 0);
+    m_bearing = AddField(kBearingId);
     grid->addWidget(m_bearing, 0, 1);
-    grid->addWidget(MS::MakePlaceholder(this, kDistanceId, tr("Distance")), 0, 2);
+    grid->addWidget(MeasureSupport::MakePlaceholder(this, kDistanceId, tr("Distance")), 0, 2);
     grid->setColumnStretch(0, 2);
     grid->setColumnStretch(1, 3);
     grid->setColumnStretch(2, 5);
     grid->setRowStretch(0, 1);
 
-    m_distanceCtrl = new DistanceCtrl();
-    if (!m_distanceCtrl->CreateFromStatic(FindPlaceholder(this, MS::IdName(kDistanceId))))
-        m_distanceCtrl->Create(QRect(), this, kDistanceId);
-    m_distanceCtrl->SetReadOnly();
-    connect(m_distanceCtrl, &DistanceCtrl::unitChosen, this, &CMeasureBrgDistDlg::OnDistUnitChange);
-
-    resize(DpiCor(kWidth), DpiCor(kHeight));
-    setMinimumSize(DpiCor(160), DpiCor(24));
-    m_support.MoveToParentCorner();
-
-    QString key;
-    if (m_support.StoredDistUnit(key))
-        m_distanceCtrl->SetDistUnit(key);
-    // Followed after the distance control, which takes in the new project first.
-    ProjectFollower::Follow(this, [this] { OnProjectClosing(); }, [this] { OnProjectChanged(); });
+    m_distanceCtrl = AddDistanceControl(kDistanceId);
+    SetTemplateSize({ kWidth, kHeight }, { 160, 24 });
+    FinishSetup({ { &m_from, [this](const Point& p) { SetFromPos(p); } },
+                  { &m_to, [this](const Point& p) { SetToPos(p); } } });
 }
 
-void CMeasureBrgDistDlg::OnProjectClosing()
-{
-    m_carriedFrom = MeasureSupport::CarryOut(m_from);
-    m_carriedTo = MeasureSupport::CarryOut(m_to);
-}
-
-void CMeasureBrgDistDlg::OnProjectChanged()
-{
-    QString key;
-    if (m_support.StoredDistUnit(key))
-        m_distanceCtrl->SetDistUnit(key);
-    m_from = MeasureSupport::CarryIn(m_carriedFrom);
-    m_to = MeasureSupport::CarryIn(m_carriedTo);
-    Recompute();
-}
+CMeasureBrgDistDlg::~CMeasureBrgDistDlg() = default;
 
 void CMeasureBrgDistDlg::SetFromPos(const Point& from)
 {
-    m_from = from;
-    m_fromSet = true;
+    m_from.Set(from);
     Recompute();
 }
 
 void CMeasureBrgDistDlg::SetToPos(const Point& to)
 {
-    m_to = to;
-    m_toSet = true;
+    m_to.Set(to);
     Recompute();
 }
 
 void CMeasureBrgDistDlg::Recompute()
 {
-    if (!m_fromSet || !m_toSet)
-        return;
-    const Point d = m_to - m_from;
     double bearing = 0.0;
     double distance = 0.0;
-    XYToPolar(d.x, d.y, bearing, distance);
-    distance /= MeasureSupport::LineScaleFactor(m_from.x, m_from.y, m_to.x, m_to.y);
+    if (!MeasureLine(bearing, distance, true))
+        return;
     MeasureSupport::ShowDistance(m_distanceCtrl, distance, true);
     m_bearing->setText(QelFormatter().FormatBearing(bearing));
     ChangeFontSize();
@@ -107,41 +65,14 @@ void CMeasureBrgDistDlg::Recompute()
 
 void CMeasureBrgDistDlg::Clear()
 {
-    m_fromSet = false;
-    m_toSet = false;
+    m_from.set = false;
+    m_to.set = false;
     m_bearing->clear();
     m_distanceCtrl->Clear();
-    QString key;
-    if (m_support.StoredDistUnit(key))
-        SetDistUnit(key);
-}
-
-void CMeasureBrgDistDlg::SetDistUnit(const QString& key)
-{
-    m_distanceCtrl->SetDistUnit(key);
-    Recompute();
-    m_support.StoreDistUnit(key);
+    ReapplyRememberedChoices();
 }
 
 QString CMeasureBrgDistDlg::BearingText() const
 {
     return m_bearing->text();
-}
-
-void CMeasureBrgDistDlg::OnDistUnitChange()
-{
-    const QString key = m_distanceCtrl->DistUnit();
-    if (!key.isEmpty())
-        SetDistUnit(key);
-}
-
-void CMeasureBrgDistDlg::ChangeFontSize()
-{
-    if (!m_distanceCtrl)
-        return;
-    FontGroups groups;
-    groups.labels << m_bearingLabel;
-    groups.values << m_bearing;
-    groups.distances << m_distanceCtrl;
-    FitFonts(groups);
 }

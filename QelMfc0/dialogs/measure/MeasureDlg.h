@@ -6,17 +6,8 @@
 // The dialog is complete after construction (the controls replace their placeholders there);
 // Enter and Escape never close it, the window's close button does.
 
-
 #include "QelMfc0/QelMfc0Export.h"
-#include <QelBase/Point.h>
 #include <QelMfc0/dialogs/measure/MeasureDlgBase.h>
-
-class CAttributeMap;
-class CCoordinateCtrl;
-class DistanceCtrl;
-class FileObject;
-class QLabel;
-class QLineEdit;
 
 class QELMFC0_EXPORT CMeasureDlg : public MeasureDlgBase
 {
@@ -58,11 +49,9 @@ public:
     void GetDistanceAndBearing(double& distance, double& bearing) const;
     // Forgets both positions, empties every field and re-applies the remembered unit and format.
     void Clear();
-    // Shows distances in the unit with that key, recomputes and remembers the key.
-    void SetDistUnit(const QString& key);
     // Shows positions in `format` (a CCoordinateCtrl::format_type) and remembers it; negative
     // values are ignored. A grid-only dialog takes it too: only its format menu is restricted.
-    void SetCoordFormat(int format);
+    using MeasureDlgBase::SetCoordFormat;
     // True: the from control shows and offers the grid only; false: grid and geographic.
     void SetGridOnly(bool gridOnly);
     // Slope mode: the bearing field shows the angle from the horizontal (label "Slope:").
@@ -83,29 +72,18 @@ public:
     bool IsSelectable() const { return m_selectable; }
 
 protected:
-    void ChangeFontSize() override;
+    void Recompute() override;
+    void CoordFormatApplied() override;
+    int RememberedCoordFormat() const override;
 
 private:
-    void InitDialog();
     void BuildLayout();
-    void Recompute();
     void FormatToTexts();
-    void ApplyRememberedChoices();
-    void OnFromCoordFormatChange();
-    void OnDistUnitChange();
-    void OnProjectClosing();
-    void OnProjectChanged();
     QLineEdit* Field(int id) const;
     QLabel* Label(int id) const;
 
     CCoordinateCtrl* m_fromCtrl = nullptr;
     DistanceCtrl* m_distanceCtrl = nullptr;
-    Point m_from;
-    Point m_to;
-    MeasureSupport::CarriedPoint m_carriedFrom; // during a project switch
-    MeasureSupport::CarriedPoint m_carriedTo;
-    bool m_fromSet = false;
-    bool m_toSet = false;
     bool m_threeD;
     bool m_slope = false;
     bool m_showZdiff = false;

@@ -2,11 +2,16 @@
 
 #include "QelMfc0/controls/CoordinateCtrl.h"
 #include "QelMfc0/controls/DistanceCtrl.h"
+#include "QelMfc0/controls/PlaceholderReplacement.h"
+#include "QelMfc0/controls/ProjectFollower.h"
 
 #include <QelBase/DisplayScale.h>
+#include <QelBase/NumberUtils.h>
 
 #include <QFontMetricsF>
+#include <QGridLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -71,7 +76,160 @@ void MeasureDlgBase::SetPrsConfiguration(FileObject* file)
     m_support.SetPrsConfiguration(file);
 }
 
-void MeasureDlgBase::ChangeFontSize() {}
+QGridLayout* MeasureDlgBase::MakeGrid()
+{
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(DpiCor(4), DpiCor(4), DpiCor(4), DpiCor(4));
+    grid->setSpacing(DpiCor(3));
+    return grid;
+}
+
+QLabel* MeasureDlgBase::AddLabel(int id, const QString& text)
+{
+    QLabel* label = MeasureSupport::MakeLabel(this, id, text);
+    m_widgets.labels << label;
+    return label;
+}
+
+QLineEdit* MeasureDlgBase::AddField(int id)
+{
+    QLineEdit* field = MeasureSupport::MakeField(this, id);
+    m_widgets.values << field;
+    return field;
+}
+
+CCoordinateCtrl* MeasureDlgBase::AddPositionControl(int id)
+{
+    auto* control = new CCoordinateCtrl(false, false);
+    if (!control->CreateFromStatic(FindPlaceholder(this, MeasureSupport::IdName(id))))
+        control->Create(QRect(), this, id);
+    control->SetReadOnly(true);
+    control->SetTooltipActive(false);
+    // A format chosen on one control is shown on all of them and remembered.
+    connect(control, &CCoordinateCtrl::formatChosen, this, [this, control] { SetCoordFormat(control->FormatType()); });
+    m_widgets.positions << control;
+    return control;
+}
+
+DistanceCtrl* MeasureDlgBase::AddDistanceControl(int id)
+{
+    auto* control = new DistanceCtrl();
+    if (!control->CreateFromStatic(FindPlaceholder(this, MeasureSupport::IdName(id))))
+        control->Create(QRect(), this, id);
+    control->SetReadOnly();
+    // A unit chosen on one control is shown on all of them and remembered; a control without
+    // units has no key to spread.
+    connect(control, &DistanceCtrl::unitChosen, this, [this, control] {
+        const QString key = control->DistUnit();
+        if (!key.isEmpty())
+            SetDistUnit(key);
+    });
+    m_widgets.distances << control;
+    return control;
+}
+
+void MeasureDlgBase::SetTemplateSize(const QSize& size, const QSize& minimum)
+{
+    resize(DpiCor(size.width()), DpiCor(size.height()));
+    setMinimumSize(DpiCor(minimum.width()), DpiCor(minimum.height()));
+}
+
+void MeasureDlgBase::FinishSetup(std::vector<CarriedPosition> positions)
+{
+    m_setUp = true;
+    m_support.MoveToParentCorner();
+    ApplyRememberedChoices();
+    m_carried = std::move(positions);
+    // Followed after the controls, which take in the new project before the dialog refills them.
+    ProjectFollower::Follow(this, [this] { CarryOut(); }, [this] { CarryIn(); });
+}
+
+void MeasureDlgBase::CarryOut()
+{
+    for (const CarriedPosition& position : m_carried)
+        position.first->carried = MeasureSupport::CarryOut(position.first->point);
+}
+
+void MeasureDlgBase::CarryIn()
+{
+    ApplyRememberedChoices();
+    for (const CarriedPosition& position : m_carried) {
+        if (position.first->set)
+            position.second(MeasureSupport::CarryIn(position.first->carried));
+    }
+}
+
+void MeasureDlgBase::ApplyDistUnit(const QString& key)
+{
+    for (DistanceCtrl* control : m_widgets.distances)
+        control->SetDistUnit(key);
+}
+
+void MeasureDlgBase::ApplyCoordFormat(int format)
+{
+    for (CCoordinateCtrl* control : m_widgets.positions)
+        control->SetFormatType(CCoordinateCtrl::format_type(format));
+}
+
+void MeasureDlgBase::SetDistUnit(const QString& key)
+{
+    ApplyDistUnit(key);
+    Recompute();
+    m_support.StoreDistUnit(key);
+}
+
+void MeasureDlgBase::SetCoordFormat(int format)
+{
+    if (format < 0)
+        return;
+    ApplyCoordFormat(format);
+    CoordFormatApplied();
+    m_support.StoreCoordFormat(format);
+}
+
+int MeasureDlgBase::RememberedCoordFormat() const
+{
+    return m_support.StoredCoordFormat();
+}
+
+void MeasureDlgBase::ApplyRememberedChoices()
+{
+    QString key;
+    if (m_support.StoredDistUnit(key))
+        ApplyDistUnit(key);
+    // Only a format the controls know; a stored value from elsewhere is left alone.
+    const int format = RememberedCoordFormat();
+    if (format >= CCoordinateCtrl::fmt_seconds && format <= CCoordinateCtrl::fmt_grid)
+        ApplyCoordFormat(format);
+}
+
+void MeasureDlgBase::ReapplyRememberedChoices()
+{
+    if (!m_support.Attributes())
+        return;
+    QString key;
+    if (m_support.StoredDistUnit(key))
+        SetDistUnit(key);
+    if (!m_widgets.positions.isEmpty())
+        SetCoordFormat(RememberedCoordFormat());
+}
+
+bool MeasureDlgBase::MeasureLine(double& bearing, double& distance, bool trueDistance) const
+{
+    if (!m_from.set || !m_to.set)
+        return false;
+    const Point d = m_to.point - m_from.point;
+    XYToPolar(d.x, d.y, bearing, distance);
+    if (trueDistance)
+        distance /= MeasureSupport::LineScaleFactor(m_from.point.x, m_from.point.y, m_to.point.x, m_to.point.y);
+    return true;
+}
+
+void MeasureDlgBase::ChangeFontSize()
+{
+    if (m_setUp)
+        FitFonts(m_widgets);
+}
 
 void MeasureDlgBase::FitFonts(const FontGroups& groups)
 {

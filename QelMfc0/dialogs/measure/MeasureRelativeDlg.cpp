@@ -2,8 +2,6 @@
 
 #include "QelMfc0/controls/CoordinateCtrl.h"
 #include "QelMfc0/controls/DistanceCtrl.h"
-#include "QelMfc0/controls/PlaceholderReplacement.h"
-#include "QelMfc0/controls/ProjectFollower.h"
 
 #include <QelBase/DisplayScale.h>
 #include <QelBase/NumberUtils.h>
@@ -34,107 +32,62 @@ MeasureRelativeDlg::MeasureRelativeDlg(QWidget* parent, CAttributeMap* attribute
 {
     setWindowTitle(tr("Measure Line Relative"));
     EnableSizeGrip(true);
-    InitDialog();
+    BuildLayout();
+    for (int i = 0; i < 3; ++i) {
+        m_coord[i] = AddPositionControl(kCoordIds[i]);
+        m_dist[i] = AddDistanceControl(kDistIds[i]);
+    }
+    SetTemplateSize({ kWidth, kHeight }, { 200, 60 });
+    FinishSetup({ { &m_from, [this](const Point& p) { SetStartPos(p); } },
+                  { &m_to, [this](const Point& p) { SetEndPos(p); } },
+                  { &m_current, [this](const Point& p) { SetCurrentPos(p); } } });
 }
 
 MeasureRelativeDlg::~MeasureRelativeDlg() = default;
 
 void MeasureRelativeDlg::BuildLayout()
 {
-    using MS = MeasureSupport;
-    auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(DpiCor(4), DpiCor(4), DpiCor(4), DpiCor(4));
-    grid->setSpacing(DpiCor(3));
+    QGridLayout* grid = MakeGrid();
     const QString labels[] = { tr("Line start:"), tr("Current position:"), tr("Line end:") };
     const QString captions[] = { tr("Start"), tr("Offtrack"), tr("End") };
     for (int column = 0; column < 3; ++column) {
-        m_labels[column] = MS::MakeLabel(this, kLabelIds[column], labels[column]);
-        grid->addWidget(m_labels[column], 0, column);
-        grid->addWidget(MS::MakePlaceholder(this, kCoordIds[column]), 1, column, 2, 1);
-        grid->addWidget(MS::MakePlaceholder(this, kDistIds[column], captions[column]), 3, column);
+        grid->addWidget(AddLabel(kLabelIds[column], labels[column]), 0, column);
+        grid->addWidget(MeasureSupport::MakePlaceholder(this, kCoordIds[column]), 1, column, 2, 1);
+        grid->addWidget(MeasureSupport::MakePlaceholder(this, kDistIds[column], captions[column]), 3, column);
         grid->setColumnStretch(column, 1);
     }
     for (int row = 0; row < 4; ++row)
         grid->setRowStretch(row, 1);
 }
 
-void MeasureRelativeDlg::InitDialog()
-{
-    BuildLayout();
-    for (int i = 0; i < 3; ++i) {
-        auto* coord = new CCoordinateCtrl(false, false);
-        if (!coord->CreateFromStatic(FindPlaceholder(this, MeasureSupport::IdName(kCoordIds[i]))))
-            coord->Create(QRect(), this, kCoordIds[i]);
-        coord->SetReadOnly(true);
-        coord->SetTooltipActive(false);
-        connect(coord, &CCoordinateCtrl::formatChosen, this, [this, coord] { OnCoordFormatChange(coord); });
-        m_coord[i] = coord;
-
-        auto* dist = new DistanceCtrl();
-        if (!dist->CreateFromStatic(FindPlaceholder(this, MeasureSupport::IdName(kDistIds[i]))))
-            dist->Create(QRect(), this, kDistIds[i]);
-        dist->SetReadOnly();
-        connect(dist, &DistanceCtrl::unitChosen, this, [this, dist] { OnDistUnitChange(dist); });
-        m_dist[i] = dist;
-    }
-    resize(DpiCor(kWidth), DpiCor(kHeight));
-    setMinimumSize(DpiCor(200), DpiCor(60));
-    m_support.MoveToParentCorner();
-
-    QString key;
-    if (m_support.StoredDistUnit(key))
-        ApplyDistUnit(key);
-    ApplyCoordFormat(m_support.StoredCoordFormat());
-    // Followed after the controls, which take in the new project before the dialog refills them.
-    ProjectFollower::Follow(this, [this] { OnProjectClosing(); }, [this] { OnProjectChanged(); });
-}
-
-void MeasureRelativeDlg::OnProjectClosing()
-{
-    m_carried = { MeasureSupport::CarryOut(m_start), MeasureSupport::CarryOut(m_current),
-                  MeasureSupport::CarryOut(m_end) };
-}
-
-void MeasureRelativeDlg::OnProjectChanged()
-{
-    Clear();
-    if (m_startSet)
-        SetStartPos(MeasureSupport::CarryIn(m_carried[0]));
-    if (m_endSet)
-        SetEndPos(MeasureSupport::CarryIn(m_carried[2]));
-    if (m_currentSet)
-        SetCurrentPos(MeasureSupport::CarryIn(m_carried[1]));
-}
-
 void MeasureRelativeDlg::SetStartPos(const Point& start)
 {
-    m_start = start;
-    m_startSet = true;
+    m_from.Set(start);
     m_coord[0]->SetXY(start.x, start.y);
     ChangeFontSize();
 }
 
 void MeasureRelativeDlg::SetEndPos(const Point& end)
 {
-    m_end = end;
-    m_endSet = true;
+    m_to.Set(end);
     m_coord[2]->SetXY(end.x, end.y);
     ChangeFontSize();
 }
 
 void MeasureRelativeDlg::SetCurrentPos(const Point& current)
 {
-    m_current = current;
-    m_currentSet = true;
+    m_current.Set(current);
     m_coord[1]->SetXY(current.x, current.y);
 
-    const Point line = m_end - m_start;
+    const Point& start = m_from.point;
+    const Point& end = m_to.point;
+    const Point line = end - start;
     double bearing = 0.0;
     double length = 0.0;
     XYToPolar(line.x, line.y, bearing, length);
     // Turned so that the line runs along +y: x is across the track, y along it.
-    const Point along = (current - m_start).Rotated(-bearing);
-    const double k = MeasureSupport::LineScaleFactor(m_start.x, m_start.y, m_end.x, m_end.y);
+    const Point along = (current - start).Rotated(-bearing);
+    const double k = MeasureSupport::LineScaleFactor(start.x, start.y, end.x, end.y);
 
     MeasureSupport::ShowDistance(m_dist[0], along.y / k, true);
     MeasureSupport::ShowDistance(m_dist[1], std::fabs(along.x) / k, true);
@@ -142,66 +95,7 @@ void MeasureRelativeDlg::SetCurrentPos(const Point& current)
     ChangeFontSize();
 }
 
-void MeasureRelativeDlg::ApplyDistUnit(const QString& key)
-{
-    for (DistanceCtrl* dist : m_dist)
-        dist->SetDistUnit(key);
-}
-
-void MeasureRelativeDlg::ApplyCoordFormat(int format)
-{
-    if (format < 0)
-        return;
-    for (CCoordinateCtrl* coord : m_coord)
-        coord->SetFormatType(CCoordinateCtrl::format_type(format));
-}
-
-void MeasureRelativeDlg::SetDistUnit(const QString& key)
-{
-    ApplyDistUnit(key);
-    m_support.StoreDistUnit(key);
-}
-
-void MeasureRelativeDlg::SetCoordFormat(int format)
-{
-    if (format < 0)
-        return;
-    ApplyCoordFormat(format);
-    m_support.StoreCoordFormat(format);
-}
-
 void MeasureRelativeDlg::Clear()
 {
-    if (!m_support.Attributes())
-        return;
-    QString key;
-    if (m_support.StoredDistUnit(key))
-        ApplyDistUnit(key);
-    ApplyCoordFormat(m_support.StoredCoordFormat());
-}
-
-void MeasureRelativeDlg::OnCoordFormatChange(CCoordinateCtrl* source)
-{
-    SetCoordFormat(source->FormatType());
-}
-
-void MeasureRelativeDlg::OnDistUnitChange(DistanceCtrl* source)
-{
-    // A control without units has no key to spread; nothing leaves this handler.
-    const QString key = source->DistUnit();
-    if (!key.isEmpty())
-        SetDistUnit(key);
-}
-
-void MeasureRelativeDlg::ChangeFontSize()
-{
-    if (!m_coord[0] || !m_dist[0])
-        return;
-    FontGroups groups;
-    for (int i = 0; i < 3; ++i) {
-        groups.labels << m_labels[i];
-        groups.positions << m_coord[i];
-        groups.distances << m_dist[i];
-    }
-    FitFonts(groups);
+    ReapplyRememberedChoices();
 }

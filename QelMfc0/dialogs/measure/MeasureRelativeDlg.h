@@ -6,18 +6,10 @@
 //
 // The dialog is complete after construction; Enter and Escape never close it.
 
-
 #include "QelMfc0/QelMfc0Export.h"
-#include <QelBase/Point.h>
 #include <QelMfc0/dialogs/measure/MeasureDlgBase.h>
 
 #include <array>
-
-class CAttributeMap;
-class CCoordinateCtrl;
-class DistanceCtrl;
-class FileObject;
-class QLabel;
 
 class QELMFC0_EXPORT MeasureRelativeDlg : public MeasureDlgBase
 {
@@ -48,11 +40,9 @@ public:
     // start (negative before it), off-track (either side alike) and to the end (negative
     // past it).
     void SetCurrentPos(const Point& current);
-    // Shows the three distances in the unit with that key and remembers it.
-    void SetDistUnit(const QString& key);
     // Shows the three positions in `format` (a CCoordinateCtrl::format_type) and remembers
     // it; negative values are ignored.
-    void SetCoordFormat(int format);
+    using MeasureDlgBase::SetCoordFormat;
     // Re-applies the remembered unit and format (the values shown stay).
     void Clear();
 
@@ -64,28 +54,10 @@ public:
     DistanceCtrl* OffTrackControl() const { return m_dist[1]; }
     DistanceCtrl* ToEndControl() const { return m_dist[2]; }
 
-protected:
-    void ChangeFontSize() override;
-
 private:
-    void InitDialog();
     void BuildLayout();
-    void ApplyDistUnit(const QString& key);
-    void ApplyCoordFormat(int format);
-    void OnCoordFormatChange(CCoordinateCtrl* source);
-    void OnDistUnitChange(DistanceCtrl* source);
-    void OnProjectClosing();
-    void OnProjectChanged();
-    void ShowCurrent();
 
     std::array<CCoordinateCtrl*, 3> m_coord {};   // start, current, end
     std::array<DistanceCtrl*, 3> m_dist {};       // from start, off-track, to end
-    std::array<QLabel*, 3> m_labels {};           // over the position controls
-    Point m_start;
-    Point m_end;
-    Point m_current;
-    bool m_startSet = false;
-    bool m_endSet = false;
-    bool m_currentSet = false;
-    std::array<MeasureSupport::CarriedPoint, 3> m_carried {}; // start, current, end during a switch
+    MeasuredPoint m_current;                      // the line's start and end are m_from and m_to
 };

@@ -101,25 +101,23 @@ int MeasureSupport::StoredCoordFormat() const
     return format;
 }
 
-void MeasureSupport::StoreDistUnit(const QString& key) const
+CAttribValue* MeasureSupport::ValueToStore(const QString& key) const
 {
     if (!m_attributes)
-        return;
-    CAttribValue* value = m_attributes->FindValue(kDistUnitKey, 0);
-    if (!value)
-        value = m_attributes->FindCreate(kDistUnitKey, 0);
-    if (value)
+        return nullptr;
+    CAttribValue* value = m_attributes->FindValue(key, 0);
+    return value ? value : m_attributes->FindCreate(key, 0);
+}
+
+void MeasureSupport::StoreDistUnit(const QString& key) const
+{
+    if (CAttribValue* value = ValueToStore(kDistUnitKey))
         value->SetString(key);
 }
 
 void MeasureSupport::StoreCoordFormat(int format) const
 {
-    if (!m_attributes)
-        return;
-    CAttribValue* value = m_attributes->FindValue(kCoordFormatKey, 0);
-    if (!value)
-        value = m_attributes->FindCreate(kCoordFormatKey, 0);
-    if (value)
+    if (CAttribValue* value = ValueToStore(kCoordFormatKey))
         value->SetInt(format);
 }
 

@@ -9,6 +9,7 @@
 #include <QPoint>
 #include <QString>
 
+class CAttribValue;
 class CAttributeMap;
 class DistanceCtrl;
 class FileObject;
@@ -112,6 +113,9 @@ public:
     static QString IdName(int id);
 
 private:
+    // The map's value under `key`, made when missing; null without a map.
+    CAttribValue* ValueToStore(const QString& key) const;
+
     QWidget* m_dialog;
     CAttributeMap* m_attributes;
     QString m_section;
