@@ -4,6 +4,9 @@
 #include <QelMfc0/QelMfc0.h>
 #include <QelMfc0/controls/CoordinateCtrl.h>
 #include <QelMfc0/controls/DistanceCtrl.h>
+#include <QelMfc0/controls/indicators/DistOnRlineMeterWidget.h>
+#include <QelMfc0/controls/indicators/OffrackMeterWidget.h>
+#include <QelMfc0/controls/indicators/UpDownIndicatorWidget.h>
 
 namespace {
 template <typename Widget>
@@ -22,8 +25,19 @@ QelDesignerPlugin::QelDesignerPlugin(QObject* parent)
     m_widgets = {
         new DesignerWidgetEntry(QStringLiteral("CCoordinateCtrl"), QStringLiteral("QelMfc0/controls/CoordinateCtrl.h"),
                                 tr("Position entry: a format button and two edits (lat/lon or X/Y)"),
-                                [](QWidget* parent) -> QWidget* { return new CCoordinateCtrl(false, false, parent); }, this),
+                                Make<CCoordinateCtrl>(), this),
         new DesignerWidgetEntry(QStringLiteral("DistanceCtrl"), QStringLiteral("QelMfc0/controls/DistanceCtrl.h"),
                                 tr("Distance entry: a unit button and an edit"), Make<DistanceCtrl>(), this),
+        new DesignerWidgetEntry(QStringLiteral("UpDownIndicatorWidget"),
+                                QStringLiteral("QelMfc0/controls/indicators/UpDownIndicatorWidget.h"),
+                                tr("Depth gauge: a bar from the reference to the value, with an optional band"),
+                                Make<UpDownIndicatorWidget>(), this),
+        new DesignerWidgetEntry(QStringLiteral("OffrackMeterWidget"),
+                                QStringLiteral("QelMfc0/controls/indicators/OffrackMeterWidget.h"),
+                                tr("Off-track meter: the distance left or right of the run line"),
+                                Make<OffrackMeterWidget>(), this),
+        new DesignerWidgetEntry(QStringLiteral("DistOnRlineMeterWidget"),
+                                QStringLiteral("QelMfc0/controls/indicators/DistOnRlineMeterWidget.h"),
+                                tr("Distance along the run line"), Make<DistOnRlineMeterWidget>(), this),
     };
 }

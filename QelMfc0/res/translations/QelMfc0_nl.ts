@@ -617,6 +617,18 @@
         <source>Distance entry: a unit button and an edit</source>
         <translation>Afstandsinvoer: een eenheidsknop en een invoerveld</translation>
     </message>
+    <message>
+        <source>Depth gauge: a bar from the reference to the value, with an optional band</source>
+        <translation>Dieptemeter: een balk van de referentie tot de waarde, met een optionele band</translation>
+    </message>
+    <message>
+        <source>Off-track meter: the distance left or right of the run line</source>
+        <translation>Koersafwijkingsmeter: de afstand links of rechts van de vaarlijn</translation>
+    </message>
+    <message>
+        <source>Distance along the run line</source>
+        <translation>Afstand langs de vaarlijn</translation>
+    </message>
 </context>
 <context>
     <name>QelGeoCoordSys</name>

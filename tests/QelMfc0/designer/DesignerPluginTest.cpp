@@ -59,7 +59,8 @@ TEST(DesignerPlugin, OffersEveryControlAndBuildsEachWithOnlyAParent)
                 EXPECT_TRUE(property.write(widget, value)) << property.name();
         }
     }
-    EXPECT_EQ(names, QStringList({ "CCoordinateCtrl", "DistanceCtrl" }));
+    EXPECT_EQ(names, QStringList({ "CCoordinateCtrl", "DistanceCtrl", "UpDownIndicatorWidget", "OffrackMeterWidget",
+                                   "DistOnRlineMeterWidget" }));
 }
 
 TEST(DesignerPlugin, APromotedPlaceholderIsAWorkingControl)
