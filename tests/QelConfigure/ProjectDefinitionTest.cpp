@@ -131,21 +131,14 @@ TEST(ProjectDefinition, SaveRoundTripKeepsUnknownEntriesAndOptions)
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_TRUE(file.readAll().contains("; NorthSea: the sample survey project"));
-}
 
-TEST(ProjectDefinition, MultiMediaFolderOutsideTheProjectStaysAbsolute)
-{
-    TestProject test;
-    ASSERT_TRUE(test.IsOpen());
-    ProjectDefinition& project = *test.Project();
-    QString media;
-
+    // A folder outside the project stays absolute; none set reads as none.
     const QString outside = test.ProjectsFolder() + QStringLiteral("/Shared/Media");
-    project.SetMultiMediaFilePath(outside);
-    ASSERT_TRUE(project.GetMultiMediaFilePath(media));
+    reread.SetMultiMediaFilePath(outside);
+    ASSERT_TRUE(reread.GetMultiMediaFilePath(media));
     EXPECT_EQ(media, outside);
-    project.SetMultiMediaFilePath(QString());
-    EXPECT_FALSE(project.GetMultiMediaFilePath(media));
+    reread.SetMultiMediaFilePath(QString());
+    EXPECT_FALSE(reread.GetMultiMediaFilePath(media));
 }
 
 TEST(UnitDefinition, SampleGroupsMatchTheConverter)
@@ -183,5 +176,4 @@ TEST(UnitDefinition, MalformedItemsAreSkipped)
     for (const auto& item : units.GetGroupItems(2))
         keys.append(item.key);
     EXPECT_EQ(keys, (QStringList{"a", "h"}));
-
 }
