@@ -243,7 +243,7 @@ TEST_F(ThemeSwitchTest, RestoringReopensTheUserThemeAndWallPaperWhenTheyDiffer)
     }
 }
 
-TEST_F(ThemeSwitchTest, TheApplicationPaletteFollowsTheModeAndComesBackExactly)
+TEST_F(ThemeSwitchTest, TheApplicationPaletteAndSystemColoursFollowTheModeAndComeBackExactly)
 {
     fake->canSwitch = false;
     const struct { const char* name; COLORREF color; QColor (*shown)(); } roles[] = {
@@ -267,6 +267,7 @@ TEST_F(ThemeSwitchTest, TheApplicationPaletteFollowsTheModeAndComesBackExactly)
                                QApplication::style()->name());
     };
     const auto original = snapshot();
+    const WindowsColorMap user = ColorMap().GetSystemColors();
     ColorControl().SetLightMode(ColorConverter::night, false);
     EXPECT_TRUE(snapshot() == original) << "without the theme switch the palette is untouched";
 
@@ -276,11 +277,21 @@ TEST_F(ThemeSwitchTest, TheApplicationPaletteFollowsTheModeAndComesBackExactly)
         cc.SetLightMode(ColorConverter::night, true);
         for (const auto& r : roles)
             EXPECT_EQ(r.shown(), QColor(GetRValue(r.color), GetGValue(r.color), GetBValue(r.color))) << r.name;
+        // A colour map made in the mode records the mode's system colours, the user's for the rest.
+        const WindowsColorMap night = ColorMap().GetSystemColors();
+        for (const auto& r : roles) {
+            COLORREF color = 0;
+            EXPECT_TRUE(night.Get(r.name, color) && color == r.color) << r.name;
+        }
+        COLORREF userHighlight = 0, nightHighlight = 1;
+        EXPECT_TRUE(user.Get("highlight", userHighlight) && night.Get("highlight", nightHighlight));
+        EXPECT_EQ(nightHighlight, userHighlight);
         if (way == 0)
             cc.RestoreOriginalWindowsTheme();
         else
             cc.SetLightMode(ColorConverter::twilight, true);
         EXPECT_TRUE(snapshot() == original);
+        EXPECT_TRUE(ColorMap().GetSystemColors().Entries() == user.Entries());
     }
 }
 
@@ -308,33 +319,4 @@ TEST_F(ThemeSwitchTest, AHostThatDeclinesTheStyleKeepsItsPaletteAndStyle)
         cc.SetLightMode(ColorConverter::normal, true);
     }
     QelMfc0SetAttachOptions(QelMfc0AttachOptions());
-}
-
-TEST_F(ThemeSwitchTest, AColourMapMadeInAModeRecordsTheModesSystemColours)
-{
-    fake->canSwitch = false;
-    const struct { const char* name; COLORREF color; } listed[] = {
-        { "btnface", RGB(10, 20, 30) }, { "windowtext", RGB(200, 0, 0) },
-        { "menu", RGB(7, 8, 9) },       { "scrollbar", RGB(14, 15, 16) },
-    };
-    QString map = "[WIN_COLORS]\n";
-    for (const auto& l : listed)
-        map += QString("%1 = %2 %3 %4\n").arg(l.name).arg(GetRValue(l.color)).arg(GetGValue(l.color)).arg(GetBValue(l.color));
-    WriteMap("night", map);
-
-    const WindowsColorMap user = ColorMap().GetSystemColors();
-    ColorControl cc;
-    cc.SetLightMode(ColorConverter::night, true);
-    const WindowsColorMap night = ColorMap().GetSystemColors();
-    for (const auto& l : listed) {
-        COLORREF color = 0;
-        EXPECT_TRUE(night.Get(l.name, color));
-        EXPECT_EQ(color, l.color) << l.name;
-    }
-    COLORREF userHighlight = 0, nightHighlight = 1;
-    EXPECT_TRUE(user.Get("highlight", userHighlight) && night.Get("highlight", nightHighlight));
-    EXPECT_EQ(nightHighlight, userHighlight) << "a colour the map does not list stays the user's";
-
-    cc.RestoreOriginalWindowsTheme();
-    EXPECT_TRUE(ColorMap().GetSystemColors().Entries() == user.Entries());
 }
