@@ -222,8 +222,8 @@ TEST_F(OffrackMeterTest, NightModeConvertsTheForegroundButNotTheSideColours)
     EXPECT_EQ(Row(night, 30, 199, 300), ".G" + Span(98, 'F') + "G.");
 }
 
-// A 20 x 100 pixel bar for a range of 100: one row per unit.
-TEST(DistOnRlineMeterTest, FillsFromTheBottomInProportion)
+// A 20 x 100 pixel bar for a range of 100: one row per unit; and its widget.
+TEST(DistOnRlineMeterTest, FillsFromTheBottomInProportionAndItsWidgetPaintsTheSame)
 {
     DistOnRlineMeter meter;
     meter.SetColor(RGB(0, 0, 255));
@@ -245,15 +245,28 @@ TEST(DistOnRlineMeterTest, FillsFromTheBottomInProportion)
     EXPECT_EQ(Column(render(-20.0), 10, 98, 121), "BK" + Span(1, 'K') + Span(18, 'R') + "K..");
     EXPECT_EQ(Letter(render(-1e300).pixel(10, 125)), 'R');
     EXPECT_EQ(render(kNaN), render(0.0));
+
+    // The widget paints what the meter draws over its whole area.
+    DistOnRlineMeterWidget widget;
+    ExpectNotifyingProperties(widget, {
+        { "value", 30.0 }, { "range", 60.0 }, { "barColor", QColor(0, 128, 0) },
+        { "backgroundColor", QColor(255, 255, 0) },
+    });
+    widget.resize(20, 100);
+    meter.SetRange(60.0);
+    meter.SetColor(RGB(0, 128, 0));
+    EXPECT_EQ(Rendered(widget), render(30.0).copy(0, 0, 20, 100));
+    EXPECT_TRUE(RepaintsOnModeChange(widget));
+
     for (double range : { 0.0, -1.0, kInf }) {
         meter.SetRange(range);
         EXPECT_EQ(render(10.0), Canvas(20, 130)) << range;
     }
 }
 
-TEST(OffrackMeterWidgetTest, PropertiesPaintingAndRoomForTheTexts)
+TEST_F(OffrackMeterTest, WidgetPropertiesPaintingAndRoomForTheTexts)
 {
-    OffrackMeterWidget widget;
+    OffrackMeterWidget widget; // set up as the fixture's meter
     ExpectNotifyingProperties(widget, {
         { "value", -3.5 }, { "range", 10.0 }, { "tickIntervals", 4 }, { "tolerance", 3.0 },
         { "foregroundColor", QColor(255, 0, 0) }, { "backgroundColor", QColor(255, 255, 0) },
@@ -262,13 +275,6 @@ TEST(OffrackMeterWidgetTest, PropertiesPaintingAndRoomForTheTexts)
 
     // The widget is cleared to the background, the bar drawn above the value's line.
     widget.resize(widget.sizeHint());
-    OffrackMeter meter;
-    meter.SetColor(RGB(255, 0, 0));
-    meter.SetBkColor(RGB(255, 255, 0));
-    meter.SetLRSideColor(RGB(0, 160, 0), RGB(0, 0, 255));
-    meter.SetRange(10.0);
-    meter.SetTickIntervals(4);
-    meter.SetTolerance(3.0);
     meter.SetValue(-3.5);
     QImage expected = Canvas(widget.width(), widget.height());
     {
@@ -290,28 +296,6 @@ TEST(OffrackMeterWidgetTest, PropertiesPaintingAndRoomForTheTexts)
     const int labels = bar - OffrackMeter::kTickLength; // above the lower tick marks
     EXPECT_EQ(tight.copy(0, 0, tight.width(), labels), roomy.copy(0, 0, roomy.width(), labels));
 
-    EXPECT_TRUE(RepaintsOnModeChange(widget));
-}
-
-TEST(DistOnRlineMeterWidgetTest, PropertiesAndPainting)
-{
-    DistOnRlineMeterWidget widget;
-    ExpectNotifyingProperties(widget, {
-        { "value", 30.0 }, { "range", 60.0 }, { "barColor", QColor(0, 128, 0) },
-        { "backgroundColor", QColor(255, 255, 0) },
-    });
-    widget.resize(20, 100);
-    DistOnRlineMeter meter;
-    meter.SetColor(RGB(0, 128, 0));
-    meter.SetBkColor(RGB(255, 255, 0));
-    meter.SetRange(60.0);
-    meter.SetValue(30.0);
-    QImage expected = Canvas(20, 100);
-    {
-        QPainter painter(&expected);
-        meter.Draw(&painter, expected.rect());
-    }
-    EXPECT_EQ(Rendered(widget), expected);
     EXPECT_TRUE(RepaintsOnModeChange(widget));
 }
 
