@@ -263,9 +263,10 @@ TEST_F(MeasureDlgTest, LineRelativeDistancesBeforeAlongAndPastTheLine)
     EXPECT_NEAR(Shown(dlg.FromStartControl()), 30 / ScaleFactor(start, start), 1e-6);
 }
 
-TEST_F(MeasureDlgTest, EnterAndEscapeNeverCloseButTheCloseButtonDoes)
+TEST_F(MeasureDlgTest, OpenAtTheParentsCornerAndOnlyTheCloseButtonCloses)
 {
     QWidget host;
+    host.setGeometry(120, 90, 600, 400);
     host.show();
     CMeasureDlg measure(&host, &m_attributes);
     MeasureRelativeDlg relative(&host, &m_attributes);
@@ -277,6 +278,7 @@ TEST_F(MeasureDlgTest, EnterAndEscapeNeverCloseButTheCloseButtonDoes)
     };
     for (auto [dialog, edit] : dialogs) {
         dialog->show();
+        EXPECT_EQ(dialog->pos(), host.frameGeometry().topLeft());
         dialog->activateWindow();
         QApplication::setActiveWindow(dialog);
         EXPECT_FALSE(dialog->isModal());
@@ -383,14 +385,4 @@ TEST_F(MeasureDlgTest, NoDigitOrLabelIsCutAtAnySize)
         for (const QLineEdit* edit : dialog->findChildren<QLineEdit*>())
             EXPECT_GE(edit->font().pointSize(), MeasureDlgBase::kSmallestPointSize);
     }
-}
-
-TEST_F(MeasureDlgTest, OpensAtTheParentsCorner)
-{
-    QWidget host;
-    host.setGeometry(120, 90, 600, 400);
-    host.show();
-    CMeasureDlg dlg(&host, nullptr, true);
-    dlg.show();
-    EXPECT_EQ(dlg.pos(), host.frameGeometry().topLeft());
 }
