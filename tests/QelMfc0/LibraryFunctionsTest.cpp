@@ -1,7 +1,5 @@
 #include <QCoreApplication>
 #include <QFile>
-#include <QLocale>
-#include <QTranslator>
 #include <QLabel>
 #include <QRegularExpression>
 #include <QelBase/QelUnitCnv.h>
@@ -44,35 +42,6 @@ TEST(QelMfc0StartUp, AttachesWithTheApplicationAndRefusesAForeignSuiteRelease)
     EXPECT_FALSE(QelMfc0LastError().isEmpty());
     SetSuiteVersion(suite);
     EXPECT_TRUE(QelMfc0Attach());
-}
-
-TEST(QelMfc0StartUp, AHostThatDeclinesTheTranslatorKeepsItsOwn)
-{
-    const QLocale userLocale;
-    QLocale::setDefault(QLocale(QLocale::Dutch, QLocale::Netherlands));
-    QelMfc0Detach();
-    ASSERT_TRUE(QelMfc0Attach());
-    EXPECT_EQ(LoadQelString(QelStrings::MODE_NIGHT), "Nacht") << "by default attach installs the translator";
-
-    QelMfc0AttachOptions options;
-    options.installTranslator = false;
-    QelMfc0SetAttachOptions(options);
-    EXPECT_EQ(LoadQelString(QelStrings::MODE_NIGHT), "Night") << "declining removes the installed translator";
-    QelMfc0Detach();
-    ASSERT_TRUE(QelMfc0Attach());
-    EXPECT_EQ(LoadQelString(QelStrings::MODE_NIGHT), "Night") << "and a new attach installs none";
-
-    // The host installs the library's translation itself, under its own control.
-    QTranslator hostOwned;
-    ASSERT_TRUE(QelMfc0LoadTranslation(hostOwned, QLocale(QLocale::Dutch)));
-    QCoreApplication::installTranslator(&hostOwned);
-    EXPECT_EQ(LoadQelString(QelStrings::MODE_NIGHT), "Nacht");
-    QCoreApplication::removeTranslator(&hostOwned);
-
-    QelMfc0SetAttachOptions(QelMfc0AttachOptions());
-    QLocale::setDefault(userLocale);
-    QelMfc0Detach();
-    ASSERT_TRUE(QelMfc0Attach());
 }
 
 TEST(SetDialogUnits, ReplacesTheFirstPlaceholderOfEachKindInDirectChildrenOnly)

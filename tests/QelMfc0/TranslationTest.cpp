@@ -1,11 +1,14 @@
 // The translations: every text of the code, scanned afresh, has a finished Dutch translation
-// with the same placeholders and accelerators, and the library attached in Dutch speaks Dutch.
+// with the same placeholders and accelerators; the library attached in Dutch speaks Dutch unless
+// the host declines its translator.
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QTranslator>
 #include <QXmlStreamReader>
 #include <QelBase/QelUnitCnv.h>
 #include <QelBase/UnitCategories.h>
@@ -203,6 +206,22 @@ TEST(Translations, TheLibraryAttachedInDutchShowsItsAndTheSuiteTextsInDutch)
     int pathKind = 0;
     ASSERT_TRUE(DataSearch::GetDataSearch().GetFileTypeInfo(DataSearch::TYPE_PROJECT, description, extension, pathKind));
     EXPECT_EQ(description, "Projectdefinitiebestand");
+
+    // A host that declines the translator keeps its own: the installed one goes, a new attach
+    // installs none, and the host may load the library's translation under its own control.
+    QelMfc0AttachOptions options;
+    options.installTranslator = false;
+    QelMfc0SetAttachOptions(options);
+    EXPECT_EQ(LoadQelString(QelStrings::MODE_NIGHT), "Night");
+    QelMfc0Detach();
+    ASSERT_TRUE(QelMfc0Attach());
+    EXPECT_EQ(LoadQelString(QelStrings::MODE_NIGHT), "Night");
+    QTranslator hostOwned;
+    ASSERT_TRUE(QelMfc0LoadTranslation(hostOwned, QLocale(QLocale::Dutch)));
+    QCoreApplication::installTranslator(&hostOwned);
+    EXPECT_EQ(LoadQelString(QelStrings::MODE_NIGHT), "Nacht");
+    QCoreApplication::removeTranslator(&hostOwned);
+    QelMfc0SetAttachOptions(QelMfc0AttachOptions());
 
     QLocale::setDefault(userLocale);
     QelMfc0Detach();
