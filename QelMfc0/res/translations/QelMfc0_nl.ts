@@ -623,7 +623,7 @@
     </message>
     <message>
         <source>Off-track meter: the distance left or right of the run line</source>
-        <translation>Koersafwijkingsmeter: de afstand links of rechts van de vaarlijn</translation>
+        <translation>Dwarsafwijkingsmeter: de afstand links of rechts van de vaarlijn</translation>
     </message>
     <message>
         <source>Distance along the run line</source>
