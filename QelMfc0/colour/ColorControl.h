@@ -25,6 +25,8 @@ class ThemePlatform;
 class QELMFC0_EXPORT ColorControl : public QObject
 {
     Q_OBJECT
+    // The current colour mode (switched with SetLightMode).
+    Q_PROPERTY(ColorConverter::mode lightMode READ GetLightMode NOTIFY lightModeChanged)
 public:
     // The process's one instance, made on first use (normal mode, every colour unchanged).
     static ColorControl& Instance();

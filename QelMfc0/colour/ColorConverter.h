@@ -2,6 +2,7 @@
 // Conversion of colours for a colour mode: optional inversion, then a factor per channel.
 
 #include "QelMfc0/QelMfc0Export.h"
+#include <QObject>
 #include <QMetaType>
 #include <QString>
 #include <QStringList>
@@ -12,9 +13,11 @@ class FileObject;
 
 class QELMFC0_EXPORT ColorConverter
 {
+    Q_GADGET
 public:
     // The colour modes of the display.
     enum mode : qint32 { unknown = 0, normal = 1, night = 2, twilight = 3, bright = 4 };
+    Q_ENUM(mode)
 
     // The colour-map file section and keys of the converter's parameters.
     static inline const QString kSection = QStringLiteral("PARAMS");

@@ -166,6 +166,7 @@ TEST_F(ThemeSwitchTest, ANightThemeIsAnnouncedOnlyWhenTheSettingsWindowIsClosed)
     EXPECT_EQ(notes.codes.value(0), 7);
     ASSERT_EQ(spy.count(), 1);
     EXPECT_EQ(spy.at(0).at(0).value<ColorConverter::mode>(), ColorConverter::night);
+    EXPECT_STREQ(cc.property("lightMode").toByteArray().constData(), "night") << "the mode property reads by name";
     cc.TimerCheck();
     EXPECT_EQ(notes.Count(), 1);
 }
