@@ -99,8 +99,8 @@ void CheckImageConversion(const Loaded& loaded, const QByteArray& seed)
         else if (!loaded.map.Find(color, expected))
             expected = loaded.converter.Convert(color, loaded.converter.GetInvert());
         expected = (pixel & 0xFF000000) | (expected & 0x00FFFFFF);
-        FUZZ_CHECK(pixels[i] == expected, "pixel %08x became %08x, not %08x (vector form %d/%d)", pixel,
-                   pixels[i], expected, remapper.UsesVectorPath(), remapper.UsesWidePath());
+        FUZZ_CHECK(pixels[i] == expected, "pixel %08x became %08x, not %08x (vector target %s)", pixel,
+                   pixels[i], expected, BitmapRemapper::VectorTarget());
         FUZZ_CHECK(remapper.RemapPixel(pixel) == expected, "pixel %08x: single-pixel form differs", pixel);
     }
 }
