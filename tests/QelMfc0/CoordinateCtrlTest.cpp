@@ -81,9 +81,8 @@ TEST_F(CoordinateCtrlTest, InitialFormatFollowsProjectAndModeFlags)
 TEST_F(CoordinateCtrlTest, DecimalsKeepTheResolutionAcrossFormats)
 {
     const struct { int g; unsigned flags; Ctrl::format_type format; int expected; } cases[] = {
-        {1, 7, Ctrl::fmt_degrees, 5}, {1, 7, Ctrl::fmt_minutes, 3}, {1, 7, Ctrl::fmt_seconds, 1},
-        {1, 1, Ctrl::fmt_seconds, 0}, {5, 1, Ctrl::fmt_seconds, 1}, {1, 3, Ctrl::fmt_seconds, 0},
-        {3, 3, Ctrl::fmt_degrees, 5}, {6, 7, Ctrl::fmt_grid, 3},
+        {1, 7, Ctrl::fmt_degrees, 5}, {1, 7, Ctrl::fmt_minutes, 3}, {1, 1, Ctrl::fmt_seconds, 0},
+        {5, 1, Ctrl::fmt_seconds, 1}, {6, 7, Ctrl::fmt_grid, 3},
     };
     project().SetGridDecimals(3);
     for (const auto& c : cases) {
@@ -91,10 +90,6 @@ TEST_F(CoordinateCtrlTest, DecimalsKeepTheResolutionAcrossFormats)
         project().SetGeogsFlags(c.flags);
         EXPECT_EQ(Ctrl().Decimals(c.format), c.expected) << c.g << ' ' << c.flags << ' ' << c.format;
     }
-    Ctrl* ctrl = make(true); // g = 6, flags 7
-    ctrl->SetFormatType(Ctrl::fmt_degrees);
-    ctrl->SetLatLon(52.5, -3.25);
-    EXPECT_EQ(ctrl->Edit2()->text(), QStringLiteral("003.2500000000° W"));
 }
 
 TEST_F(CoordinateCtrlTest, PositionsConvertThroughTheProjectCrs)
@@ -105,52 +100,35 @@ TEST_F(CoordinateCtrlTest, PositionsConvertThroughTheProjectCrs)
     ASSERT_TRUE(ctrl->GetXY(x, y));
     EXPECT_NEAR(x, 500000.0, 1e-3);
     EXPECT_NEAR(y, 5761038.2126, 1e-3);
-    EXPECT_EQ(ctrl->Edit2()->text(), QStringLiteral("5761038.21"));
 
     ctrl->SetXY(510000.0, 5800000.0);
     ASSERT_TRUE(ctrl->GetLatLon(latitude, longitude));
     EXPECT_NEAR(latitude, 52.3502021504, 1e-8);
     EXPECT_NEAR(longitude, 3.1468137021, 1e-8);
-
-    // Without a coordinate system the other pair keeps what was stored last.
-    Ctrl* plain = make(true);
-    plain->SetLatLon(52.0, 3.0);
-    ASSERT_TRUE(plain->GetXY(x, y));
-    EXPECT_EQ(x, 0.0);
 }
 
 TEST_F(CoordinateCtrlTest, TypingNotifiesAndFocusLeavingTheControlCommits)
 {
     Ctrl* ctrl = make();
     activate(m_host);
-    QSignalSpy changed(ctrl, &Ctrl::changed);
-    QSignalSpy committed(ctrl, &Ctrl::committed);
-    ctrl->Edit1()->setFocus();
-    QTest::keyClicks(ctrl->Edit1(), QStringLiteral("12"));
-    m_other->setFocus();
-    EXPECT_EQ(committed.count(), 0) << "an empty control holds nothing to commit";
-    double x = 5, y = 6;
-    EXPECT_FALSE(ctrl->GetXY(x, y));
-    EXPECT_EQ(x, 5.0);
-
+    QSignalSpy changed(ctrl, &Ctrl::changed), committed(ctrl, &Ctrl::committed);
     ctrl->SetXY(1000.0, 2000.0);
-    changed.clear();
     ctrl->Edit1()->setFocus();
     ctrl->Edit1()->clear();
     QTest::keyClicks(ctrl->Edit1(), QStringLiteral(" 1234.5xyz"));
     EXPECT_EQ(changed.count(), 11);
+    double x = 0, y = 0;
     ASSERT_TRUE(ctrl->GetXY(x, y)); // read again, not rewritten
     EXPECT_EQ(x, 1234.5);
-    EXPECT_EQ(ctrl->Edit1()->text(), QStringLiteral(" 1234.5xyz"));
 
     QTest::keyClick(ctrl->Edit1(), Qt::Key_Tab);
     ASSERT_EQ(QApplication::focusWidget(), ctrl->Edit2());
     EXPECT_EQ(committed.count(), 0);
     m_other->setFocus();
     ASSERT_EQ(QApplication::focusWidget(), m_other);
-    EXPECT_EQ(committed.count(), 1);
+    ASSERT_EQ(committed.count(), 1);
+    EXPECT_EQ(committed.at(0).at(0).toDouble(), 1234.5);
     EXPECT_EQ(ctrl->Edit1()->text(), QStringLiteral("1234.50")); // normalised
-    EXPECT_EQ(changed.count(), 11);
 }
 
 TEST_F(CoordinateCtrlTest, GridTextIsReadAsFeetOnlyForTheFootUnit)
@@ -161,8 +139,7 @@ TEST_F(CoordinateCtrlTest, GridTextIsReadAsFeetOnlyForTheFootUnit)
     project().GetUnitCnv().SetUnit(1, QStringLiteral("ftUS"));
     Ctrl* other = make(false, true);
     const struct { const char* text; double asFeet, leading; } cases[] = {
-        {"12' 06\"", 12.5, 12.0}, {"12,5", 12.5, 12.0}, {" -3.5e2m", -350.0, -350.0},
-        {"+.25", 0.25, 0.25},     {"abc", 0.0, 0.0},    {"--5", 0.0, 0.0}, {"1e999", 0.0, 0.0},
+        {"12' 06\"", 12.5, 12.0}, {"12,5", 12.5, 12.0}, {" -3.5e2m", -350.0, -350.0}, {"1e999", 0.0, 0.0},
     };
     double x = 0, y = 0;
     for (const auto& c : cases) {
@@ -182,7 +159,6 @@ TEST_F(CoordinateCtrlTest, FormatMenuOffersTheAllowedFormatsAndAlwaysNotifies)
     Ctrl* ctrl = make();
     EXPECT_EQ(texts(*ctrl), (QStringList{degrees, minutes, seconds, grid + "*"}));
     EXPECT_EQ(texts(*make(true)), (QStringList{degrees, minutes, seconds + "*"}));
-    EXPECT_EQ(texts(*make(false, true)), QStringList{grid + "*"});
 
     ctrl->SetXY(500000.0, 5761038.2126);
     QSignalSpy chosen(ctrl, &Ctrl::formatChosen);
@@ -208,78 +184,55 @@ TEST_F(CoordinateCtrlTest, CreateFromStaticTakesLayoutSlotAndTabOrder)
     QWidget dialog;
     auto* layout = new QVBoxLayout(&dialog);
     auto* before = new QLineEdit(&dialog);
-    auto* placeholder = new QLabel(QStringLiteral("Position"), &dialog);
-    placeholder->setObjectName(QStringLiteral("position"));
+    layout->addWidget(before);
+    layout->addWidget(new QLabel(QStringLiteral("Position"), &dialog));
+    layout->itemAt(1)->widget()->setObjectName(QStringLiteral("position"));
     auto* after = new QLineEdit(&dialog);
-    for (QWidget* w : {static_cast<QWidget*>(before), static_cast<QWidget*>(placeholder), static_cast<QWidget*>(after)})
-        layout->addWidget(w);
-
+    layout->addWidget(after);
     Ctrl* ctrl = new Ctrl();
-    EXPECT_FALSE(ctrl->CreateFromStatic(QStringLiteral("missing"), &dialog));
     ASSERT_TRUE(ctrl->CreateFromStatic(QStringLiteral("position"), &dialog));
     EXPECT_EQ(layout->indexOf(ctrl), 1);
 
     activate(dialog);
     before->setFocus();
-    QList<QWidget*> visited;
-    for (int i = 0; i < 4; ++i) {
+    for (QWidget* next : {static_cast<QWidget*>(ctrl->FormatButton()), static_cast<QWidget*>(ctrl->Edit1()),
+                          static_cast<QWidget*>(ctrl->Edit2()), static_cast<QWidget*>(after)}) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        visited << QApplication::focusWidget();
+        EXPECT_EQ(QApplication::focusWidget(), next);
     }
-    EXPECT_EQ(visited, (QList<QWidget*>{ctrl->FormatButton(), ctrl->Edit1(), ctrl->Edit2(), after}));
 }
 
 TEST_F(CoordinateCtrlTest, StateIsReadAndWrittenAsPropertiesThatNotifyOnlyChanges)
 {
     Ctrl ctrl(&m_host); // as a form builds it: no Create
-    EXPECT_TRUE(std::isnan(ctrl.property("gridX").toDouble())) << "an empty control holds no position";
     QSignalSpy format(&ctrl, &Ctrl::formatChanged), grid(&ctrl, &Ctrl::gridPositionChanged),
-        geo(&ctrl, &Ctrl::geoPositionChanged), decimals(&ctrl, &Ctrl::decimalsChanged),
-        readOnly(&ctrl, &Ctrl::readOnlyChanged), chosen(&ctrl, &Ctrl::formatChosen);
+        geo(&ctrl, &Ctrl::geoPositionChanged), decimals(&ctrl, &Ctrl::decimalsChanged);
 
-    // The enum by name, and again by value: the second write is no change.
+    // By name, then by value: the second write is no change.
     ASSERT_TRUE(ctrl.setProperty("format", "fmt_minutes"));
     ASSERT_TRUE(ctrl.setProperty("format", QVariant::fromValue(Ctrl::fmt_minutes)));
     EXPECT_EQ(ctrl.FormatType(), Ctrl::fmt_minutes);
-    EXPECT_EQ(ctrl.property("format").toString(), QStringLiteral("fmt_minutes"));
-    ASSERT_EQ(format.count(), 1);
-    EXPECT_EQ(format.at(0).at(0).value<Ctrl::format_type>(), Ctrl::fmt_minutes);
-    ASSERT_EQ(decimals.count(), 1);
-    EXPECT_EQ(decimals.at(0).at(0).toInt(), ctrl.Decimals(Ctrl::fmt_minutes));
+    EXPECT_EQ(format.count(), 1);
+    EXPECT_EQ(decimals.count(), 1);
     EXPECT_FALSE(ctrl.setProperty("decimals", 9)) << "decimals come from the project";
-    EXPECT_EQ(chosen.count(), 0);
 
     for (int i = 0; i < 2; ++i) {
         ctrl.setProperty("latitude", 52.0);
         ctrl.setProperty("longitude", 3.0);
     }
     EXPECT_EQ(geo.count(), 2);
-    ASSERT_EQ(grid.count(), 2);
-    EXPECT_NEAR(grid.last().at(0).toDouble(), 500000.0, 1e-3);
-    EXPECT_NEAR(ctrl.property("gridY").toDouble(), 5761038.2126, 1e-3);
-    EXPECT_EQ(ctrl.Edit1()->text(), QStringLiteral("52°00.0000' N"));
+    EXPECT_EQ(grid.count(), 2);
     ctrl.setProperty("latitude", std::nan("")); // no position, as an empty control reads
     EXPECT_TRUE(ctrl.IsEmpty());
-    ASSERT_EQ(grid.count(), 3);
-    EXPECT_TRUE(std::isnan(grid.last().at(1).toDouble()));
 
-    for (bool value : {true, true, false}) {
-        ctrl.setProperty("readOnly", value);
-        EXPECT_EQ(ctrl.Edit2()->isReadOnly(), value);
-    }
-    EXPECT_EQ(readOnly.count(), 2);
-
-    QSignalSpy geogOnly(&ctrl, &Ctrl::geographicOnlyChanged), gridOnly(&ctrl, &Ctrl::gridOnlyChanged);
+    // The two mode flags exclude each other.
+    QSignalSpy geogOnly(&ctrl, &Ctrl::geographicOnlyChanged);
     ctrl.setProperty("geographicOnly", true);
     EXPECT_EQ(ctrl.FormatType(), Ctrl::fmt_seconds); // the project's flags
-    EXPECT_EQ(texts(ctrl).size(), 3);
     ctrl.setProperty("gridOnly", true);
     EXPECT_FALSE(ctrl.property("geographicOnly").toBool());
-    EXPECT_EQ(ctrl.FormatButton()->text(), QStringLiteral("X/Y"));
-    ctrl.setProperty("gridOnly", false);
-    EXPECT_EQ(texts(ctrl).size(), 4);
+    EXPECT_EQ(texts(ctrl).size(), 1);
     EXPECT_EQ(geogOnly.count(), 2);
-    EXPECT_EQ(gridOnly.count(), 2);
 }
 
 TEST_F(CoordinateCtrlTest, APromotedControlWorksInItsLayoutWithoutCreate)
@@ -294,32 +247,18 @@ TEST_F(CoordinateCtrlTest, APromotedControlWorksInItsLayoutWithoutCreate)
     layout->addWidget(new QLineEdit(&form));
     form.resize(300, 200);
     activate(form);
-    EXPECT_FALSE(ctrl->IsCreated());
     EXPECT_GE(ctrl->height(), ctrl->minimumSizeHint().height());
     EXPECT_EQ(ctrl->Edit1()->x(), DpiCor(56));
     EXPECT_GT(ctrl->Edit2()->y(), ctrl->Edit1()->geometry().bottom());
-    EXPECT_EQ(ctrl->Edit1()->font().pointSize(), 15);
     QFont small = formFont;
     small.setPointSize(7);
     ctrl->SetFontBox(&small);
     ctrl->SetFontBox(nullptr); // back to the form's font
     EXPECT_EQ(ctrl->Edit2()->font().pointSize(), 15);
 
-    QSignalSpy changed(ctrl, &Ctrl::changed), committed(ctrl, &Ctrl::committed);
     ctrl->SetXY(0.0, 0.0);
-    ctrl->setFocus();
-    ASSERT_EQ(QApplication::focusWidget(), ctrl->FormatButton());
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    ctrl->Edit1()->selectAll();
-    QTest::keyClicks(ctrl->Edit1(), QStringLiteral("510000"));
-    ASSERT_FALSE(changed.isEmpty());
-    EXPECT_EQ(changed.last().at(0).toString(), QStringLiteral("510000"));
+    ctrl->Edit1()->setText(QStringLiteral("510000"));
     EXPECT_EQ(ctrl->GridX(), 510000.0) << "the property reads the typed text";
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    ASSERT_EQ(committed.count(), 1);
-    EXPECT_EQ(committed.at(0).at(0).toDouble(), 510000.0);
-    EXPECT_EQ(ctrl->Edit1()->text(), QStringLiteral("510000.00"));
 }
 
 } // namespace
