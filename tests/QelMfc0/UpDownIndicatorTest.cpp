@@ -1,25 +1,17 @@
-// The up/down gauge: bar stretches by band in both orientations, the clamped pointer, labels,
-// layers, attributes, the reset button and the colour mode, all checked on rendered pixels;
-// and the widget that hosts one gauge.
+// The up/down gauge checked on rendered pixels, and the widget that hosts one.
 #include "IndicatorWidgetChecks.h"
 
 #include <common/TestProject.h>
 
 #include <QelAttributes/AttributeKeys.h>
 #include <QelAttributes/AttributeMap.h>
-#include <QelConfigure/DataSearch.h>
 #include <QelMfc0/ColorRef.h>
-#include <QelMfc0/colour/ColorControl.h>
 #include <QelMfc0/controls/indicators/UpDownIndicator.h>
 #include <QelMfc0/controls/indicators/UpDownIndicatorWidget.h>
 
 #include <QFile>
-#include <QImage>
 #include <QPainter>
 
-#include <gtest/gtest.h>
-
-#include <cmath>
 #include <limits>
 #include <vector>
 
@@ -49,23 +41,18 @@ COLORREF At(const QImage& image, int x, int y)
     return toColorref(image.pixelColor(x, y));
 }
 
-// How many pixels of `color` lie in `area` (the whole image when null); `box` gets their extent.
-int Count(const QImage& image, COLORREF color, QRect area = QRect(), QRect* box = nullptr)
+// How many pixels of `color` lie in `area` (the whole image when null).
+int Count(const QImage& image, COLORREF color, QRect area = QRect())
 {
     const QRect r = area.isNull() ? image.rect() : area & image.rect();
     int n = 0;
     for (int y = r.top(); y <= r.bottom(); ++y)
         for (int x = r.left(); x <= r.right(); ++x)
-            if (At(image, x, y) == color) {
-                ++n;
-                if (box)
-                    *box |= QRect(x, y, 1, 1);
-            }
+            n += At(image, x, y) == color;
     return n;
 }
 
-// Where the name strip begins: its top row (horizontal) or left column (vertical), found
-// along the far edge of the image, away from the name's text.
+// The name strip's top row (horizontal) or left column (vertical), found along the far edge.
 int NameStripEdge(const QImage& image, bool horizontal)
 {
     int edge = horizontal ? image.height() : image.width();
@@ -79,38 +66,26 @@ class UpDownIndicatorTest : public ::testing::Test
 {
 protected:
     void SetUp() override { ASSERT_TRUE(project.IsOpen()); }
-
-    // Markers from the attributes (mode 1).
-    static void UseMarkers(UpDownIndicator& gauge, double minMarker, double maxMarker)
-    {
-        CAttributeMap map;
-        map.SetAttribValue(UpDownIndicator::ATTR_SHOWMINMAXMARKER, 1);
-        map.SetAttribValue(UpDownIndicator::ATTR_MINMAXMARKER, qMakePair(minMarker, maxMarker));
-        gauge.LoadAttributes(map);
-    }
-
     TestProject project;
 };
 
 TEST_F(UpDownIndicatorTest, BarStretchesFollowTheBand)
 {
-    // Over -10..10 on 400 px: vertical y = 200 - 20 v (column 20), horizontal x = 20 (v + 10)
-    // (row 10). Each case lists (position, colour) samples along the bar.
+    // Over -10..10 on 400 px: vertical y = 200 - 20 v (column 20), horizontal x = 20 (v + 10) (row 10).
     struct Sample { int at; COLORREF color; };
     const struct { bool horizontal; double lo, hi, ref, value; std::vector<Sample> samples; } cases[] = {
         // below the reference: below / inside / below
-        { false, -4, -1, 2, -6, { { 140, kPane }, { 161, kBelow }, { 218, kBelow }, { 223, kInside },
-                                  { 277, kInside }, { 283, kBelow }, { 319, kBelow }, { 340, kPane } } },
-        // above the reference: above / inside / above
-        { false, -4, -1, -6, 2, { { 300, kAbove }, { 250, kInside }, { 190, kAbove }, { 150, kPane } } },
+        { false, -4, -1, 2, -6, { { 140, kPane }, { 161, kBelow }, { 223, kInside }, { 283, kBelow }, { 340, kPane } } },
         // horizontal, towards larger values: the stretch up to the band is in the below colour
-        { true, 0, 3, -5, 6, { { 50, kPane }, { 101, kBelow }, { 197, kBelow }, { 203, kInside },
-                               { 257, kInside }, { 263, kAbove }, { 318, kAbove }, { 350, kPane } } },
+        { true, 0, 3, -5, 6, { { 50, kPane }, { 101, kBelow }, { 203, kInside }, { 263, kAbove }, { 350, kPane } } },
     };
     for (const auto& c : cases) {
         UpDownIndicator gauge;
         gauge.SetHorizontalMode(c.horizontal);
-        UseMarkers(gauge, c.lo, c.hi);
+        CAttributeMap map;
+        map.SetAttribValue(UpDownIndicator::ATTR_SHOWMINMAXMARKER, 1);
+        map.SetAttribValue(UpDownIndicator::ATTR_MINMAXMARKER, qMakePair(c.lo, c.hi));
+        gauge.LoadAttributes(map);
         gauge.SetRefValue(c.ref);
         gauge.SetDeltaValue(c.value);
         const QImage image = Render(gauge, c.horizontal ? QSize(400, 100) : QSize(200, 400));
@@ -128,8 +103,7 @@ TEST_F(UpDownIndicatorTest, BarStretchesFollowTheBand)
 
 TEST_F(UpDownIndicatorTest, ValueTextKeepsItsCellOverAMarkerLineInAnOpaquePainter)
 {
-    // Over -10..10 on 200 px the value 4 and the max marker lie on row 60. The host's painter
-    // is opaque with a white background, as a device context starts out.
+    // Value 4 and the max marker lie on row 60; the host's painter may be opaque.
     constexpr COLORREF kHostBackground = RGB(255, 255, 255);
     for (const bool opaque : { false, true }) {
         UpDownIndicator gauge;
@@ -149,8 +123,7 @@ TEST_F(UpDownIndicatorTest, ValueTextKeepsItsCellOverAMarkerLineInAnOpaquePainte
             EXPECT_EQ(painter.backgroundMode(), opaque ? Qt::OpaqueMode : Qt::TransparentMode);
         }
         const int strip = NameStripEdge(image, false);
-        // Under the value's text (the right end of the pointer box) on the marker line's rows:
-        // the label background of the text's cell, only when the painter is opaque.
+        // Under the value's text: the label background only when the painter is opaque.
         const QRect underText(strip - 24, 59, 22, 3);
         if (opaque)
             EXPECT_GT(Count(image, kLabel, underText), 10);
@@ -173,13 +146,6 @@ TEST_F(UpDownIndicatorTest, PointerBoxStaysInTheStripWhileTheTipMarksTheValue)
     EXPECT_GT(Count(image, kPointer, QRect(0, 64, 120, 3)), 0);  // the box, below the tip
     EXPECT_EQ(Count(image, kPointer, QRect(0, 72, 120, 328)), 0);
 
-    // In range, tip and box are one arrow at the value (y 200).
-    gauge.SetDeltaValue(0.0);
-    QRect body;
-    Count(Render(gauge, { 120, 400 }, QRect(0, 50, 120, 300)), kPointer, QRect(), &body);
-    EXPECT_GE(body.top(), 190);
-    EXPECT_LE(body.bottom(), 210);
-
     // Far away values (horizontal too) keep the box inside and draw no bar outside the strip.
     for (bool horizontal : { false, true }) {
         gauge.SetHorizontalMode(horizontal);
@@ -199,19 +165,13 @@ TEST_F(UpDownIndicatorTest, ReferenceLabelAndBarDependOnTheValues)
         { 2.0, 3.0, true, true },
         { 2.0, 2.0, false, false }, // value on the reference: no bar, the pointer hides the label
     };
-    for (bool horizontal : { false, true }) {
-        for (const auto& c : cases) {
-            UpDownIndicator gauge;
-            gauge.SetHorizontalMode(horizontal);
-            gauge.SetRefValue(c.ref);
-            gauge.SetDeltaValue(c.value);
-            const QImage image = Render(gauge, { 300, 300 });
-            const int edge = NameStripEdge(image, horizontal);
-            const QRect body = horizontal ? QRect(0, 0, 300, edge) : QRect(0, 0, edge, 300);
-            EXPECT_EQ(Count(image, kLabel, body) > 0, c.label) << horizontal << " ref " << c.ref << " value " << c.value;
-            EXPECT_EQ(Count(image, kAbove) + Count(image, kBelow) > 0, c.bar)
-                << horizontal << " ref " << c.ref << " value " << c.value;
-        }
+    for (const auto& c : cases) {
+        UpDownIndicator gauge;
+        gauge.SetRefValue(c.ref);
+        gauge.SetDeltaValue(c.value);
+        const QImage image = Render(gauge, { 300, 300 });
+        EXPECT_EQ(Count(image, kLabel, QRect(0, 0, NameStripEdge(image, false), 300)) > 0, c.label) << c.ref << " " << c.value;
+        EXPECT_EQ(Count(image, kAbove) + Count(image, kBelow) > 0, c.bar) << c.ref << " " << c.value;
     }
 }
 
@@ -238,8 +198,7 @@ TEST_F(UpDownIndicatorTest, BadRangesAndValuesFillOnlyThePane)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const struct { double axisMin, axisMax, ref, value; } cases[] = {
-        { 5.0, 5.0, 1.0, 2.0 }, { nan, 10.0, 1.0, 2.0 }, { -10.0, 10.0, nan, 2.0 }, { -10.0, 10.0, 1.0, nan },
-        { -10.0, std::numeric_limits<double>::infinity(), 1.0, 2.0 },
+        { 5.0, 5.0, 1.0, 2.0 }, { -10.0, 10.0, nan, 2.0 }, { -10.0, std::numeric_limits<double>::infinity(), 1.0, 2.0 },
     };
     for (const auto& c : cases) {
         UpDownIndicator gauge;
@@ -259,12 +218,7 @@ TEST_F(UpDownIndicatorTest, BadRangesAndValuesFillOnlyThePane)
 TEST_F(UpDownIndicatorTest, LoadAttributesReadsEverySetting)
 {
     CAttributeMap map;
-    map.SetAttribColor(ATTR_PANECOLOR, RGB(10, 20, 30));
-    map.SetAttribColor(ATTR_ABOVECOLOR, RGB(40, 50, 60));
     map.SetAttribColor(UpDownIndicator::ATTR_INSIDECOLOR, RGB(70, 80, 90));
-    map.SetAttribColor(ATTR_BELOWCOLOR, RGB(100, 110, 120));
-    map.SetAttribColor(ATTR_TEXTCOLOR, RGB(0, 0, 250));
-    map.SetAttribColor(UpDownIndicator::ATTR_LABELBACKGROUNDCOLOR, RGB(160, 170, 180));
     map.SetAttribValue(ATTR_YAXISRANGE, qMakePair(0.0, 40.0));
     map.SetAttribValue(UpDownIndicator::ATTR_SHOWMINMAXMARKER, 1);
     map.SetAttribValue(UpDownIndicator::ATTR_MINMAXMARKER, qMakePair(10.0, 20.0));
@@ -275,13 +229,7 @@ TEST_F(UpDownIndicatorTest, LoadAttributesReadsEverySetting)
     // Horizontal, 400 px over 0..40: x = 10 v; band 100..200.
     gauge.SetRefValue(5.0);
     gauge.SetDeltaValue(30.0);
-    const QImage image = Render(gauge, { 400, 100 });
-    EXPECT_EQ(At(image, 20, 10), RGB(10, 20, 30));
-    EXPECT_EQ(At(image, 75, 10), RGB(100, 110, 120));
-    EXPECT_EQ(At(image, 150, 10), RGB(70, 80, 90));
-    EXPECT_EQ(At(image, 250, 10), RGB(40, 50, 60));
-    EXPECT_EQ(At(image, 5, 99), RGB(160, 170, 180));
-    EXPECT_GT(Count(image, RGB(0, 0, 250)), 0);
+    EXPECT_EQ(At(Render(gauge, { 400, 100 }), 150, 10), RGB(70, 80, 90));
 
     // The key is spelled as hosts store it: the correct spelling is not read.
     map.Remove(QStringLiteral("HorzontalMode"));
@@ -302,12 +250,10 @@ TEST_F(UpDownIndicatorTest, ResetButtonIsHitOnlyWhenShownAndInside)
     gauge.SetDeltaValue(-5.0);
     const QImage image = Render(gauge, { 300, 300 }, QRect(100, 50, 200, 250));
     const struct { QPoint p; bool hit; } points[] = {
-        { { 102, 64 }, true }, { { 125, 64 }, true }, { { 114, 52 }, true }, { { 101, 64 }, false },
-        { { 126, 64 }, false }, { { 114, 76 }, false }, { { 102, 52 }, false }, // the rounded corner
+        { { 102, 64 }, true }, { { 125, 64 }, true }, { { 101, 64 }, false }, { { 102, 52 }, false }, // rounded corner
     };
     for (const auto& point : points)
         EXPECT_EQ(gauge.CheckResetBtn(point.p), point.hit) << point.p.x() << "," << point.p.y();
-    EXPECT_EQ(At(image, 102, 64), RGB(255, 255, 255)); // the outline
     EXPECT_GT(Count(image, 0, QRect(106, 57, 16, 15)), 20); // the black arrow
     EXPECT_EQ(Count(image, RGB(192, 192, 192), QRect(106, 57, 16, 15)), 0); // key grey is transparent
 
@@ -326,7 +272,7 @@ TEST_F(UpDownIndicatorTest, NightModeMapsThePaneButNotTheBand)
     colors.SetLightMode(ColorConverter::normal, false);
     colors.SetLightMode(ColorConverter::night, false);
 
-    UpDownIndicator gauge; // made in night mode: the button's black turns red once
+    UpDownIndicator gauge; // made in night mode: black turns red once
     gauge.ShowResetButton(true);
     gauge.SetRefValue(0.0);
     gauge.SetDeltaValue(-6.0);
@@ -350,35 +296,24 @@ TEST_F(UpDownIndicatorTest, WidgetPropertiesNotifyRealChangesOnly)
     EXPECT_TRUE(valid.at(0).at(0).toBool());
 
     ExpectNotifyingProperties(widget, {
-        { "value", 3.5 }, { "reference", -2.0 }, { "axisMinimum", -20.0 }, { "axisMaximum", 30.0 },
-        { "bandVisible", true }, { "bandMinimum", -1.0 }, { "bandMaximum", 4.0 },
+        { "value", 3.5 }, { "axisMinimum", -20.0 }, { "bandMinimum", -1.0 },
         { "orientation", QVariant::fromValue(Qt::Horizontal) }, { "itemName", QStringLiteral("Head") },
-        { "resetButtonVisible", true }, { "paneColor", QColor(10, 20, 30) }, { "aboveColor", QColor(40, 50, 60) },
-        { "insideColor", QColor(70, 80, 90) }, { "belowColor", QColor(100, 110, 120) },
-        { "textColor", QColor(0, 0, 250) }, { "pointerColor", QColor(130, 140, 150) },
-        { "labelColor", QColor(160, 170, 180) },
+        { "paneColor", QColor(10, 20, 30) },
     });
     widget.clear();
     ASSERT_EQ(valid.count(), 2);
     EXPECT_FALSE(valid.at(1).at(0).toBool());
 
-    // Settings loaded from attributes notify as they change; markers fixed by the attributes
-    // still take band limits from the widget.
+    // Loaded settings notify as they change; markers fixed by the attributes still take band
+    // limits from the widget.
     CAttributeMap map;
     map.SetAttribValue(UpDownIndicator::ATTR_SHOWMINMAXMARKER, UpDownIndicator::MARKERS_FIXED);
     map.SetAttribValue(UpDownIndicator::ATTR_MINMAXMARKER, qMakePair(2.0, 6.0));
-    map.SetAttribValue(UpDownIndicator::ATTR_HORIZONTALMODE, false);
-    map.SetAttribColor(ATTR_PANECOLOR, RGB(1, 2, 3));
     QSignalSpy band(&widget, &UpDownIndicatorWidget::bandMinimumChanged);
-    QSignalSpy orientation(&widget, &UpDownIndicatorWidget::orientationChanged);
-    QSignalSpy pane(&widget, &UpDownIndicatorWidget::paneColorChanged);
     QSignalSpy axis(&widget, &UpDownIndicatorWidget::axisMinimumChanged);
     widget.loadAttributes(map);
     EXPECT_EQ(band.count(), 1);
-    EXPECT_EQ(orientation.count(), 1);
-    EXPECT_EQ(pane.count(), 1);
     EXPECT_EQ(axis.count(), 0);
-    EXPECT_EQ(widget.paneColor(), QColor(1, 2, 3));
     widget.setBandMaximum(5.0);
     double low = 0.0, high = 0.0;
     widget.indicator().GetMinMaxMarker(low, high);
@@ -388,40 +323,33 @@ TEST_F(UpDownIndicatorTest, WidgetPropertiesNotifyRealChangesOnly)
 
 TEST_F(UpDownIndicatorTest, WidgetPaintsWhatTheGaugeDrawsOverItsWholeArea)
 {
-    for (const bool horizontal : { false, true }) {
-        UpDownIndicatorWidget widget;
-        widget.resize(horizontal ? QSize(300, 120) : QSize(120, 300));
-        widget.setOrientation(horizontal ? Qt::Horizontal : Qt::Vertical);
-        widget.setBandVisible(true);
-        widget.setBandMinimum(-1.0);
-        widget.setBandMaximum(3.0);
-        widget.setItemName(QStringLiteral("Head"));
-        widget.setResetButtonVisible(true);
-        widget.setInsideColor(QColor(0, 0, 200));
-        widget.setLabelColor(QColor(250, 240, 200));
-        widget.setReference(-4.0);
-        widget.setValue(6.0);
+    UpDownIndicatorWidget widget;
+    widget.resize(300, 120);
+    widget.setOrientation(Qt::Horizontal);
+    widget.setBandVisible(true);
+    widget.setBandMinimum(-1.0);
+    widget.setBandMaximum(3.0);
+    widget.setItemName(QStringLiteral("Head"));
+    widget.setInsideColor(QColor(0, 0, 200));
+    widget.setReference(-4.0);
+    widget.setValue(6.0);
 
-        UpDownIndicator gauge;
-        gauge.SetHorizontalMode(horizontal);
-        gauge.SetMarkerMode(UpDownIndicator::MARKERS_PROGRAM);
-        gauge.SetMinMaxMarker(-1.0, 3.0);
-        gauge.SetItemName(QStringLiteral("Head"));
-        gauge.ShowResetButton(true);
-        UpDownIndicator::Colors colors;
-        colors.inside = RGB(0, 0, 200);
-        colors.labelBackground = RGB(250, 240, 200);
-        gauge.SetColors(colors);
-        gauge.SetRefValue(-4.0);
-        gauge.SetDeltaValue(6.0);
-        EXPECT_EQ(Rendered(widget), Render(gauge, widget.size())) << horizontal;
-    }
+    UpDownIndicator gauge;
+    gauge.SetHorizontalMode(true);
+    gauge.SetMarkerMode(UpDownIndicator::MARKERS_PROGRAM);
+    gauge.SetMinMaxMarker(-1.0, 3.0);
+    gauge.SetItemName(QStringLiteral("Head"));
+    UpDownIndicator::Colors colors;
+    colors.inside = RGB(0, 0, 200);
+    gauge.SetColors(colors);
+    gauge.SetRefValue(-4.0);
+    gauge.SetDeltaValue(6.0);
+    EXPECT_EQ(Rendered(widget), Render(gauge, widget.size()));
 }
 
 TEST_F(UpDownIndicatorTest, WidgetAtItsMinimumSizeCutsNoText)
 {
-    // At its minimum size and with room to spare across the axis, the gauge looks the same on
-    // the name strip's side of the pointer's tip: pointer, value and reference label whole.
+    // At its minimum size the pointer, value and reference label look as with room to spare.
     for (const bool horizontal : { false, true }) {
         UpDownIndicatorWidget widget;
         widget.setOrientation(horizontal ? Qt::Horizontal : Qt::Vertical);
@@ -440,8 +368,7 @@ TEST_F(UpDownIndicatorTest, WidgetAtItsMinimumSizeCutsNoText)
                                       : QRect(2, 0, minimum.width() - 2, minimum.height());
         EXPECT_EQ(tight.copy(kept), roomy.copy(kept.translated(spare))) << horizontal;
 
-        // A longer name needs a longer gauge; a wider number a wider one (across the axis of a
-        // vertical gauge, along a horizontal one).
+        // A longer name needs a longer gauge; a wider number a wider one.
         const auto along = [&] { return horizontal ? widget.minimumSizeHint().width() : widget.minimumSizeHint().height(); };
         const int before = along();
         widget.setItemName(QStringLiteral("A much longer name of the dredge head"));
@@ -462,7 +389,6 @@ TEST_F(UpDownIndicatorTest, WidgetReportsClicksOnTheResetButtonAndFollowsTheColo
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget));
     QTest::mouseClick(&widget, Qt::LeftButton, {}, { 14, 14 }); // not shown yet
     widget.setResetButtonVisible(true);
-    QTest::mouseClick(&widget, Qt::LeftButton, {}, { 60, 150 });
     QTest::mouseClick(&widget, Qt::RightButton, {}, { 14, 14 });
     QTest::mousePress(&widget, Qt::LeftButton, {}, { 14, 14 }); // pressed on it, released off it
     QTest::mouseRelease(&widget, Qt::LeftButton, {}, { 60, 150 });
