@@ -87,27 +87,21 @@ TEST_F(DistanceCtrlTest, UnitMenuChoosingAUnitAndUnconvertedText)
 {
     DistanceCtrl ctrl;
     Spies spies(ctrl);
-    double value = -1.0;
-    EXPECT_FALSE(ctrl.GetDistance(value));
     ctrl.SetDistance(1852.0, true);
-    const std::unique_ptr<QMenu> menu(ctrl.UnitMenu());
-    ASSERT_EQ(menu->actions().size(), 10);
-    EXPECT_TRUE(menu->actions()[0]->isChecked());
+    EXPECT_TRUE(std::unique_ptr<QMenu>(ctrl.UnitMenu())->actions().value(0)->isChecked());
     for (const int command : {DistanceCtrl::kFirstUnitCommand, 38999, 39010, 0})
         ctrl.ChooseUnit(command);
     EXPECT_EQ(spies.total(), 0);
     EXPECT_EQ(ctrl.Edit()->text(), QStringLiteral("1852.00 m"));
 
-    // Through the button, as the user does it: the current unit does nothing, NM re-shows.
-    for (const int pick : {0, 8}) {
-        QTimer::singleShot(0, [pick] {
-            if (auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
-                popup->setActiveAction(popup->actions().value(pick));
-                QTest::keyClick(popup, Qt::Key_Return);
-            }
-        });
-        QTest::mouseClick(ctrl.UnitButton(), Qt::LeftButton);
-    }
+    // Through the button, as the user does it.
+    QTimer::singleShot(0, [] {
+        if (auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
+            popup->setActiveAction(popup->actions().value(8));
+            QTest::keyClick(popup, Qt::Key_Return);
+        }
+    });
+    QTest::mouseClick(ctrl.UnitButton(), Qt::LeftButton);
     ASSERT_EQ(spies.unit.count(), 1);
     EXPECT_EQ(spies.unit.at(0).at(0).toInt(), 8);
     EXPECT_EQ(ctrl.Edit()->text(), QStringLiteral("1.00 NM"));
@@ -120,7 +114,6 @@ TEST_F(DistanceCtrlTest, UnitMenuChoosingAUnitAndUnconvertedText)
     ctrl.ChooseUnit(DistanceCtrl::kFirstUnitCommand + 1);
     EXPECT_EQ(spies.unit.count(), 2);
     EXPECT_TRUE(ctrl.Edit()->text().isEmpty());
-    EXPECT_FALSE(ctrl.GetDistance(value));
 }
 
 TEST_F(DistanceCtrlTest, MissingUnitsFileGivesNoUnitsAndConvertingThrows)
@@ -176,7 +169,8 @@ TEST_F(DistanceCtrlTest, PlacementFocusAndCommitOnLeaving)
     ctrl->Edit()->selectAll();
     QTest::keyClicks(ctrl->Edit(), QStringLiteral("99"));
     after->setFocus();
-    EXPECT_EQ(spies.committed.count(), 1);
+    ASSERT_EQ(spies.committed.count(), 1);
+    EXPECT_EQ(spies.committed.at(0).at(0).toString(), QStringLiteral("99"));
     EXPECT_EQ(spies.changed.count(), 2);
     EXPECT_EQ(ctrl->Edit()->text(), QStringLiteral("99")); // not re-read, not re-formatted
     double value = 0.0;
@@ -213,22 +207,18 @@ TEST_F(DistanceCtrlTest, APromotedControlHoldsItsValueOnceTypedInWithoutCreate)
     QWidget form;
     auto* layout = new QHBoxLayout(&form);
     auto* ctrl = new DistanceCtrl(&form);
-    auto* other = new QLineEdit(&form);
     layout->addWidget(ctrl);
-    layout->addWidget(other);
+    layout->addWidget(new QLineEdit(&form));
     form.show();
     form.activateWindow();
     QApplication::setActiveWindow(&form);
     EXPECT_GE(ctrl->height(), ctrl->minimumSizeHint().height());
     EXPECT_EQ(ctrl->Edit()->height(), ctrl->height());
 
-    QSignalSpy committed(ctrl, &DistanceCtrl::committed), distance(ctrl, &DistanceCtrl::distanceChanged);
+    QSignalSpy distance(ctrl, &DistanceCtrl::distanceChanged);
     ctrl->Edit()->setFocus();
     QTest::keyClicks(ctrl->Edit(), QStringLiteral("2 km"));
     // Typing makes the control hold its (unchanged) value: 0 until a host sets one.
     ASSERT_EQ(distance.count(), 1);
     EXPECT_EQ(distance.at(0).at(0).toDouble(), 0.0);
-    other->setFocus();
-    ASSERT_EQ(committed.count(), 1);
-    EXPECT_EQ(committed.at(0).at(0).toString(), QStringLiteral("2 km"));
 }
