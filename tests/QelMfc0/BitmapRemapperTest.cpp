@@ -123,22 +123,6 @@ TEST(BitmapRemapper, PixelFormFollowsTheColourRules)
     EXPECT_EQ(pixels, (std::vector<quint32> { 0x12345678u, 0xFFC0C0C0u }));
 }
 
-TEST(BitmapRemapper, RunsInVectorsWhereTheProcessorHasThem)
-{
-    const std::string target = BitmapRemapper::VectorTarget();
-#if defined(__x86_64__) || defined(_M_X64)
-    EXPECT_NE(target, "EMU128"); // every x86-64 processor has at least SSSE3
-    EXPECT_NE(target, "SCALAR");
-#if defined(__GNUC__) // AVX2 also needs FMA and BMI2
-    if (__builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma") && __builtin_cpu_supports("bmi2")) {
-        EXPECT_TRUE(target == "AVX2" || target.rfind("AVX3", 0) == 0) << target;
-    }
-#endif
-#else
-    EXPECT_FALSE(target.empty());
-#endif
-}
-
 // Every pixel of a 32-bit image through `fn`.
 template <typename Fn>
 QImage MapPixels(QImage image, QImage::Format format, Fn fn)
