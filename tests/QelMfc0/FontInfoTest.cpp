@@ -11,7 +11,6 @@ TEST(FontInfoTest, AllFieldsAtOnceAndAsAQFont)
 {
     FontInfo info;
     info.SetFontInfo(QStringLiteral("Tahoma"), 14, true, false, RGB(1, 2, 3));
-    EXPECT_EQ(info, FontInfo(QStringLiteral("Tahoma"), 14, true, false, RGB(1, 2, 3)));
     const QFont font = info.ToQFont();
     EXPECT_EQ(font.family(), QStringLiteral("Tahoma"));
     EXPECT_EQ(font.pointSize(), 14);
@@ -41,7 +40,6 @@ TEST(FontInfoTest, LoadAttributesReadsWhatIsThereAndKeepsTheRest)
 {
     const FontInfo start(QStringLiteral("Courier New"), 12, true, true, RGB(9, 8, 7));
     const struct { std::function<void(CAttributeMap&)> fill; FontInfo expected; } cases[] = {
-        {[](CAttributeMap&) {}, start},
         {[](CAttributeMap& m) {
              m.SetAttribValue(ATTR_FONTSIZE, 16);
              m.SetAttribColor(ATTR_TEXTCOLOR, RGB(255, 0, 128));
