@@ -1,7 +1,6 @@
 #pragma once
-// Checks the indicator widgets share: a property set through the meta-object system notifies
-// once with its new value, not again for the same value and through no other property's
-// signal; and the widget repaints when the display's colour mode changes.
+// Checks the indicator widgets share: a property notifies once with its new value, not for the
+// same value nor through another property's signal; and repainting on a colour mode change.
 #include <QelMfc0/colour/ColorControl.h>
 
 #include <QCoreApplication>
