@@ -121,8 +121,6 @@ TEST_F(TypedInputTest, AHostThatTakesTypedDistancesKeepsThemWhenTheUnitChanges)
 {
     auto* ctrl = new DistanceCtrl(&m_host);
     auto* other = new QLineEdit(&m_host);
-    ctrl->setGeometry(0, 0, 200, 24);
-    other->setGeometry(0, 30, 200, 24);
     QObject::connect(ctrl, &DistanceCtrl::committed, ctrl, [ctrl] {
         double value = 0.0;
         if (ctrl->ReadTypedDistance(value))
@@ -135,8 +133,7 @@ TEST_F(TypedInputTest, AHostThatTakesTypedDistancesKeepsThemWhenTheUnitChanges)
     Type(ctrl->Edit(), QStringLiteral("2 km"));
     other->setFocus(); // leaving the edit commits
     EXPECT_EQ(ctrl->Edit()->text(), QStringLiteral("2000.00 m"));
-    const int nauticalMiles = DistanceCtrl::kFirstUnitCommand + 8; // m km cm mm ft ftUS yd fathom NM
-    ctrl->ChooseUnit(nauticalMiles);
+    ctrl->ChooseUnit(DistanceCtrl::kFirstUnitCommand + 8); // m km cm mm ft ftUS yd fathom NM
     EXPECT_EQ(ctrl->Edit()->text(), QStringLiteral("1.08 NM"));
 }
 
