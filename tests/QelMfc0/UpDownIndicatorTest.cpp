@@ -321,32 +321,6 @@ TEST_F(UpDownIndicatorTest, WidgetPropertiesNotifyRealChangesOnly)
     EXPECT_EQ(std::make_pair(low, high), std::make_pair(2.0, 5.0));
 }
 
-TEST_F(UpDownIndicatorTest, WidgetPaintsWhatTheGaugeDrawsOverItsWholeArea)
-{
-    UpDownIndicatorWidget widget;
-    widget.resize(300, 120);
-    widget.setOrientation(Qt::Horizontal);
-    widget.setBandVisible(true);
-    widget.setBandMinimum(-1.0);
-    widget.setBandMaximum(3.0);
-    widget.setItemName(QStringLiteral("Head"));
-    widget.setInsideColor(QColor(0, 0, 200));
-    widget.setReference(-4.0);
-    widget.setValue(6.0);
-
-    UpDownIndicator gauge;
-    gauge.SetHorizontalMode(true);
-    gauge.SetMarkerMode(UpDownIndicator::MARKERS_PROGRAM);
-    gauge.SetMinMaxMarker(-1.0, 3.0);
-    gauge.SetItemName(QStringLiteral("Head"));
-    UpDownIndicator::Colors colors;
-    colors.inside = RGB(0, 0, 200);
-    gauge.SetColors(colors);
-    gauge.SetRefValue(-4.0);
-    gauge.SetDeltaValue(6.0);
-    EXPECT_EQ(Rendered(widget), Render(gauge, widget.size()));
-}
-
 TEST_F(UpDownIndicatorTest, WidgetAtItsMinimumSizeCutsNoText)
 {
     // At its minimum size the pointer, value and reference label look as with room to spare.
