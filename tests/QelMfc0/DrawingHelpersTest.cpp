@@ -198,27 +198,6 @@ TEST(GDISelectorTest, NestedGuardsRestoreInReverseOrder)
     EXPECT_EQ(p.pen(), pen0);
 }
 
-TEST(GDISelectorTest, StockObjects)
-{
-    QImage img = whiteImage(8, 8);
-    QPainter p(&img);
-    const struct { int stock; QBrush brush; QPen pen; } cases[] = {
-        {StockObject::LTGRAY_BRUSH, QBrush(QColor(192, 192, 192)), QPen(Qt::red)},
-        {StockObject::NULL_BRUSH, QBrush(Qt::NoBrush), QPen(Qt::red)},
-        {StockObject::WHITE_PEN, QBrush(Qt::red), QPen(QColor(255, 255, 255), 0)},
-        {StockObject::NULL_PEN, QBrush(Qt::red), QPen(Qt::NoPen)},
-    };
-    for (const auto& c : cases) {
-        p.setPen(QPen(Qt::red));
-        p.setBrush(QBrush(Qt::red));
-        GDISelector guard(&p, c.stock);
-        EXPECT_TRUE(guard) << c.stock;
-        EXPECT_EQ(p.brush(), c.brush) << c.stock;
-        EXPECT_EQ(p.pen().style(), c.pen.style()) << c.stock;
-        EXPECT_EQ(p.pen().color(), c.pen.color()) << c.stock;
-    }
-}
-
 // Qt's colour enum promotes to int; it must not be taken for a stock-object number.
 static_assert(!std::is_constructible_v<GDISelector, QPainter*, Qt::GlobalColor>);
 
