@@ -19,14 +19,11 @@ namespace {
 
 // Day colours the suite's displays use: paper, greys, pale fills, text, signal colours.
 const COLORREF kDayColours[] = {
-    RGB(255, 255, 255), RGB(245, 245, 240), RGB(224, 224, 224), RGB(211, 211, 211), RGB(192, 192, 192),
-    RGB(128, 128, 128), RGB(0, 0, 0),       RGB(205, 228, 245), RGB(255, 255, 225), RGB(255, 0, 0),
-    RGB(225, 0, 0),     RGB(220, 40, 40),   RGB(255, 128, 0),   RGB(255, 191, 0),   RGB(255, 255, 0),
-    RGB(128, 128, 0),   RGB(0, 255, 0),     RGB(0, 128, 0),     RGB(0, 0, 255),     RGB(60, 120, 190),
+    RGB(255, 255, 255), RGB(224, 224, 224), RGB(192, 192, 192), RGB(0, 0, 0),     RGB(205, 228, 245),
+    RGB(255, 255, 225), RGB(255, 0, 0),     RGB(255, 191, 0),   RGB(255, 255, 0), RGB(0, 255, 0), RGB(0, 0, 255),
 };
 // Reds and ambers, which must keep their hue.
-const COLORREF kSignalColours[] = { RGB(255, 0, 0), RGB(225, 0, 0), RGB(220, 40, 40), RGB(180, 30, 30),
-                                    RGB(255, 128, 0), RGB(255, 160, 0), RGB(255, 191, 0), RGB(230, 140, 40) };
+const COLORREF kSignalColours[] = { RGB(255, 0, 0), RGB(180, 30, 30), RGB(255, 128, 0), RGB(255, 191, 0) };
 
 // A colour as a picture shows it after the mode converted the picture.
 QColor InImage(const ColorControl& colors, COLORREF day)
