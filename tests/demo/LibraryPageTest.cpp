@@ -37,7 +37,6 @@ TEST(LibraryPageTest, PlaceholdersAreFilledOncePerTextAndFollowTheProject)
     LibraryPage page;
     const QStringList metres = ShownTexts(page);
     EXPECT_TRUE(metres.contains(QStringLiteral("Draught [m]"))) << metres.join(" | ").toStdString();
-    EXPECT_TRUE(metres.contains(QStringLiteral("Grid [m]")));
     EXPECT_TRUE(metres.contains(QStringLiteral("Once per text: m, then %D")));
     EXPECT_TRUE(metres.contains(QStringLiteral("Not a placeholder: %X")));
 
