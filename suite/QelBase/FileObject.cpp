@@ -10,6 +10,7 @@
 #include <QSaveFile>
 #include <QStringDecoder>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -527,6 +528,43 @@ void FileObject::AddEntry(const QString& section, const QString& key, const QStr
     if (!validKey(key))
         return;
     insertEntry(ensureSection(oneLine(section).trimmed()), key, value);
+}
+
+void FileObject::SetValues(const QString& section, const QString& key, const QStringList& values)
+{
+    if (!validKey(key))
+        return;
+    const int index = ensureSection(oneLine(section).trimmed());
+    const QString name = key.trimmed();
+    const auto isKey = [&](const Line& line) {
+        return line.kind == LineKind::Entry && line.section == index && sameName(line.key, name);
+    };
+    const auto first = std::find_if(m_lines.cbegin(), m_lines.cend(), isKey);
+    qsizetype at = first - m_lines.cbegin();
+    if (first != m_lines.cend()) {
+        m_lines.removeIf(isKey);
+    } else {
+        at = insertionPoint(index);
+        if (at < 0) {
+            AddSection(m_sections[index]);
+            at = m_lines.size();
+        }
+    }
+    QList<Line> lines;
+    lines.reserve(m_lines.size() + values.size());
+    lines.append(m_lines.mid(0, at));
+    for (const QString& value : values) {
+        Line line;
+        line.kind = LineKind::Entry;
+        line.section = index;
+        line.key = name;
+        line.value = oneLine(value).trimmed();
+        line.raw = entryText(line.key, line.value);
+        lines.append(std::move(line));
+    }
+    lines.append(m_lines.mid(at));
+    m_lines = std::move(lines);
+    m_modified = true;
 }
 
 bool FileObject::RemoveEntry(const QString& section, const QString& key)

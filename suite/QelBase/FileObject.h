@@ -96,6 +96,9 @@ public:
     void SetIntTriple(const QString& section, const QString& key, int a, int b, int c);
     // Appends an entry at the end of the section even when the key exists.
     void AddEntry(const QString& section, const QString& key, const QString& value);
+    // Replaces every entry of the key in the section by one entry per value, in order, where
+    // the first of them stood (else at the end of the section); one pass, for long lists.
+    void SetValues(const QString& section, const QString& key, const QStringList& values);
     // Removes every entry of the key in the section; false when there was none.
     bool RemoveEntry(const QString& section, const QString& key);
 
