@@ -12,6 +12,14 @@ bool byValue(const ColorTable::Entry& entry, double value) { return entry.value 
 
 double lerp(double a, double b, double t) { return a + (b - a) * t; }
 
+// The value k/n of the way from a to b, as (a (n - k) + b k) / n where that is finite: it
+// lands exactly on the decimals a user expects (-0.1 rather than -0.09999999999999998).
+double between(double a, double b, double k, double n)
+{
+    const double v = (a * (n - k) + b * k) / n;
+    return std::isfinite(v) ? v : lerp(a, b, k / n);
+}
+
 int channelRound(double v) { return int(std::clamp(std::floor(v + 0.5), 0.0, 255.0)); }
 
 COLORREF lerpRgb(COLORREF a, COLORREF b, double t)
@@ -300,7 +308,7 @@ bool ColorTable::Generate(double min, double max, int count, double step, bool b
         else if (byStep)
             value = min + double(k) * step;
         else
-            value = entries < 2 ? min : lerp(min, max, double(k) / double(entries - 1));
+            value = entries < 2 ? min : between(min, max, double(k), double(entries - 1));
         // Rounding may bring neighbours of a very fine range together: keep one of each value.
         if (!generated.empty() && !(value > generated.back().value))
             continue;
@@ -468,14 +476,18 @@ void ColorTable::GenerateDredgeDiffColorTable()
     };
     // Over-dredged: the farthest down is the low colour, the ramp runs up to the limit.
     m_lowColor = m_over.maxColor;
+    // The value `steps` steps from `limit`.
+    const auto at = [&](double limit, double steps) {
+        return band > 0.0 ? between(limit, limit + band, steps, double(nIn)) : limit + steps * step;
+    };
     for (unsigned j = 1; j < nOver; ++j)
-        add(over - double(nOver - j) * step, rampColor(m_over.maxColor, m_over.minColor, j, nOver));
+        add(at(over, -double(nOver - j)), rampColor(m_over.maxColor, m_over.minColor, j, nOver));
     if (band > 0.0) {
         for (unsigned k = 0; k < nIn; ++k)
-            add(over + double(k) * step, rampColor(m_inTol.minColor, m_inTol.maxColor, k, nIn));
+            add(at(over, double(k)), rampColor(m_inTol.minColor, m_inTol.maxColor, k, nIn));
     }
     for (unsigned j = 0; j < nUnder; ++j)
-        add(under + double(j) * step, rampColor(m_under.minColor, m_under.maxColor, j, nUnder));
+        add(at(under, double(j)), rampColor(m_under.minColor, m_under.maxColor, j, nUnder));
     m_entries = std::move(entries);
 }
 
