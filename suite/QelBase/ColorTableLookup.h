@@ -4,9 +4,10 @@
 // data" colour (transparent black unless chosen otherwise). The table is copied when the
 // lookup is made; later changes to it do not reach the lookup.
 //
-// The lookup never searches the table per cell: an index over the value range gives each
-// cell the entries it has to be compared with, and the comparisons run in vectors on the
-// widest instruction set of the processor (chosen when the program runs).
+// The lookup never searches the whole table per cell: an index over the value range gives each
+// cell the few entries it has to be compared with (a handful of steps for even the most uneven
+// table), and the comparisons run in vectors on the widest instruction set of the processor
+// (chosen when the program runs). Making a lookup takes time linear in the table's size.
 
 #include "QelBase/QelBaseExport.h"
 #include <QtGlobal>
@@ -41,10 +42,10 @@ public:
 
 private:
     // Implementation data (filled by the constructor).
-    std::vector<float> m_thresholds;   // entry values rounded up to floats, padded with +inf
+    std::vector<float> m_thresholds;   // entry values rounded up to floats, padded with NaN
     std::vector<quint32> m_colours;    // index 0 the low colour, i + 1 entry i (0xAARRGGBB)
     std::vector<std::int32_t> m_binBase;  // entries certainly not above each bin of the index
-    int m_binProbes = 0;               // entries to compare with after the bin's base
+    int m_binProbes = 0;               // search steps over the entries after the bin's base
     float m_binOrigin = 0.0f;
     float m_binScale = 0.0f;
     quint32 m_noData = kNoData;
