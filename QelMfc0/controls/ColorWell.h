@@ -7,6 +7,8 @@
 #include <QPushButton>
 #include <QelBase/QelTypes.h>
 
+#include <functional>
+
 class QELMFC0_EXPORT ColorWell : public QPushButton
 {
     Q_OBJECT
@@ -25,6 +27,16 @@ public:
     // Opens the colour dialog (the button's click does this); true when the user chose a colour.
     bool ChooseColor();
 
+    // Shows the colour dialog instead of Qt's for every colour well (hosts and tests): gets the
+    // current colour, the title and the well; true with `chosen` set when a colour was chosen.
+    using DialogHook = std::function<bool(const QColor& initial, const QString& title,
+                                          QWidget* parent, QColor& chosen)>;
+    // Installs the hook (empty: Qt's colour dialog again).
+    static void SetDialogHook(DialogHook hook);
+
+    // About 40 x 22 at the usual font, growing with the font's height.
+    QSize sizeHint() const override;
+
 Q_SIGNALS:
     // The colour changed, by the user or a call; carries the new colour.
     void colorChanged(const QColor& color);
@@ -33,8 +45,10 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    QSize sizeHint() const override;
 
 private:
+    // The colour dialog, through the hook when one is installed; invalid when cancelled.
+    QColor runDialog();
+
     COLORREF m_color = 0;
 };

@@ -2,6 +2,7 @@
 
 #include "DesignerWidgetEntry.h"
 #include <QelMfc0/QelMfc0.h>
+#include <QelMfc0/controls/ColorWell.h>
 #include <QelMfc0/controls/CoordinateCtrl.h>
 #include <QelMfc0/controls/DistanceCtrl.h>
 #include <QelMfc0/controls/indicators/DistOnRlineMeterWidget.h>
@@ -39,5 +40,8 @@ QelDesignerPlugin::QelDesignerPlugin(QObject* parent)
         new DesignerWidgetEntry(QStringLiteral("DistOnRlineMeterWidget"),
                                 QStringLiteral("QelMfc0/controls/indicators/DistOnRlineMeterWidget.h"),
                                 tr("Distance along the run line"), Make<DistOnRlineMeterWidget>(), this),
+        new DesignerWidgetEntry(QStringLiteral("ColorWell"), QStringLiteral("QelMfc0/controls/ColorWell.h"),
+                                tr("Color well: a button showing a color that opens a color dialog"),
+                                Make<ColorWell>(), this),
     };
 }

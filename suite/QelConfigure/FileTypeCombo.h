@@ -5,6 +5,7 @@
 
 #include "QelConfigure/QelConfigureExport.h"
 #include <QComboBox>
+#include <QStringList>
 
 class QELCONFIGURE_EXPORT FileTypeCombo : public QComboBox
 {
@@ -30,5 +31,16 @@ Q_SIGNALS:
     void selectedNameChanged(const QString& name);
 
 private:
+    // The names of the type's files, sorted.
+    QStringList FileNames() const;
+    // Lists the files again and selects `keep` when listed, else the first name; silent.
+    void fill(const QString& keep);
+    // Index of `name`, the same case preferred; -1 when not listed.
+    int findName(const QString& name) const;
+    // Emits selectedNameChanged when the selection differs from the one last told.
+    void announce();
+
     int m_fileType;
+    QString m_told;          // the selection last announced
+    bool m_filling = false;  // the list is being rebuilt: index changes are not the user's
 };

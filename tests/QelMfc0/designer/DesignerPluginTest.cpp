@@ -60,7 +60,7 @@ TEST(DesignerPlugin, OffersEveryControlAndBuildsEachWithOnlyAParent)
         }
     }
     EXPECT_EQ(names, QStringList({ "CCoordinateCtrl", "DistanceCtrl", "UpDownIndicatorWidget", "OffrackMeterWidget",
-                                   "DistOnRlineMeterWidget" }));
+                                   "DistOnRlineMeterWidget", "ColorWell" }));
 }
 
 TEST(DesignerPlugin, APromotedPlaceholderIsAWorkingControl)
