@@ -1,6 +1,7 @@
 #include "GalleryPages.h"
 
 #include "pages/ColourModesPage.h"
+#include "pages/ColourTablesPage.h"
 #include "pages/DrawingHelpersPage.h"
 #include "pages/EntryPage.h"
 #include "pages/HelmsmanPage.h"
@@ -16,5 +17,6 @@ std::vector<GalleryPage> GalleryPages()
         { QCoreApplication::translate("GalleryPages", "Colour modes"), QStringLiteral("colour-modes"), [](QWidget* parent) { return new ColourModesPage(parent); } },
         { QCoreApplication::translate("GalleryPages", "Entry and measuring"), QStringLiteral("entry"), [](QWidget* parent) { return new EntryPage(parent); } },
         { QCoreApplication::translate("GalleryPages", "Helmsman"), QStringLiteral("helmsman"), [](QWidget* parent) { return new HelmsmanPage(parent); } },
+        { QCoreApplication::translate("GalleryPages", "Colour tables"), QStringLiteral("colour-tables"), [](QWidget* parent) { return new ColourTablesPage(parent); } },
     };
 }
