@@ -25,7 +25,7 @@ ColorWell::DialogHook& Hook()
 // The unused high byte of a COLORREF is not part of the colour.
 constexpr COLORREF kColorBits = 0x00FFFFFF;
 // Blank between the button's contents rectangle and the swatch.
-constexpr int kSwatchMargin = 1;
+constexpr int kSwatchMargin = 2;
 } // namespace
 
 ColorWell::ColorWell(QWidget* parent)

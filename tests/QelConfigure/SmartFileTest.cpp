@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace {
 
 QByteArray Contents(const QString& path)
@@ -27,12 +29,13 @@ void Write(const QString& path, const QByteArray& bytes = "[Table]\n")
     file.write(bytes);
 }
 
-QStringList Items(const QComboBox& combo)
+// The combo's names, joined with '|'.
+std::string Items(const QComboBox& combo)
 {
     QStringList items;
     for (int i = 0; i < combo.count(); ++i)
         items << combo.itemText(i);
-    return items;
+    return items.join(QLatin1Char('|')).toStdString();
 }
 
 class SmartFileTest : public ::testing::Test
@@ -42,6 +45,9 @@ protected:
     {
         ASSERT_TRUE(project.IsOpen());
         tables = project.CommonFolder() + QStringLiteral("/ColorTables");
+        QDir dir(tables);
+        for (const QString& file : dir.entryList({QStringLiteral("*.ctb")}, QDir::Files))
+            ASSERT_TRUE(dir.remove(file)); // independent of the sample tables
     }
     TestProject project;
     QString tables;
@@ -123,7 +129,7 @@ TEST_F(SmartFileTest, ComboListsTheTablesSortedAndKeepsTheSelectionOverRefresh)
     ASSERT_TRUE(QDir().mkpath(tables + QStringLiteral("/folder.ctb")));
 
     FileTypeCombo combo(DataSearch::TYPE_COLOR_TABLE);
-    EXPECT_EQ(Items(combo), QStringList({"Alpha", "alpha2", "beta", "Charlie"}));
+    EXPECT_EQ(Items(combo), "Alpha|alpha2|beta|Charlie");
     QSignalSpy changed(&combo, &FileTypeCombo::selectedNameChanged);
 
     EXPECT_TRUE(combo.SetSelected(QStringLiteral("BETA")));
@@ -140,7 +146,7 @@ TEST_F(SmartFileTest, ComboListsTheTablesSortedAndKeepsTheSelectionOverRefresh)
 
     // A name without a file yet is shown in its place.
     EXPECT_TRUE(combo.SetSelected(QStringLiteral("Bravo")));
-    EXPECT_EQ(Items(combo), QStringList({"aardvark", "Alpha", "alpha2", "beta", "Bravo", "Charlie"}));
+    EXPECT_EQ(Items(combo), "aardvark|Alpha|alpha2|beta|Bravo|Charlie");
     EXPECT_EQ(combo.property("selectedName").toString(), QStringLiteral("Bravo"));
 
     // The user steps to the next name.
@@ -175,13 +181,13 @@ TEST_F(SmartFileTest, ComboFollowsAProjectSwitch)
     DataSearch& search = DataSearch::GetDataSearch();
 
     ASSERT_TRUE(search.Open(project.ProjectsFolder(), QStringLiteral("NorthSeaED50"), otherCommon));
-    EXPECT_EQ(Items(combo), QStringList({"gamma", "Other"}));
+    EXPECT_EQ(Items(combo), "gamma|Other");
     EXPECT_EQ(combo.selectedName(), QStringLiteral("gamma"));
     EXPECT_EQ(changed.count(), 0);
 
     ASSERT_TRUE(combo.SetSelected(QStringLiteral("Other")));
     ASSERT_TRUE(search.Open(project.ProjectsFolder(), QStringLiteral("NorthSea")));
-    EXPECT_EQ(Items(combo), QStringList({"beta", "gamma"}));
+    EXPECT_EQ(Items(combo), "beta|gamma");
     EXPECT_EQ(combo.selectedName(), QStringLiteral("beta"));
     ASSERT_EQ(changed.count(), 2);
     EXPECT_EQ(changed.at(1).at(0).toString(), QStringLiteral("beta"));

@@ -120,6 +120,8 @@ TEST(ColorWell, TheSwatchShowsTheColourOfTheModeAndFollowsItsChange)
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&well));
     PaintCounter paints;
     well.installEventFilter(&paints);
+    QTest::qWait(50); // paints of the showing settle
+    paints.count = 0;
     colors.SetLightMode(ColorConverter::night, false);
     EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
     const COLORREF night = colors.GetColor(colour, false);
