@@ -1,12 +1,18 @@
 #include "QelMfc0/controls/DataExchange.h"
 
 #include <QelBase/GeoText.h>
+#include <QelBase/NumberText.h>
+#include <QelConfigure/DataSearch.h>
+#include <QelConfigure/ProjectDefinition.h>
 
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QVariant>
 #include <QWidget>
+
+#include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -41,9 +47,63 @@ const char* textProperty(const QWidget* control)
     return nullptr;
 }
 
+constexpr QChar kInfinity(char16_t(0x221E));
+
+// The open project's depth decimals; 2 without a project.
+int projectDepthDecimals()
+{
+    int decimals = 2;
+    if (const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition())
+        project->GetDepthDecimals(decimals);
+    return decimals;
+}
+
+// A map scale typed as "1 : x", "1:x", a plain x, or infinity ("∞", "1 : ∞") as the
+// value 1 / x (0 for infinity); false for anything else and for x = 0.
+bool readScale(QStringView text, double& value)
+{
+    const qsizetype colon = text.indexOf(u':');
+    if (colon >= 0) {
+        if (text.first(colon).trimmed() != QStringView(u"1"))
+            return false;
+        text = text.sliced(colon + 1).trimmed();
+    }
+    if (text == QStringView(&kInfinity, 1)) {
+        value = 0.0;
+        return true;
+    }
+    double denominator = 0.0;
+    if (!TextToDouble(text, denominator) || denominator == 0.0)
+        return false;
+    const double scale = 1.0 / denominator;
+    if (!std::isfinite(scale))
+        return false;
+    value = scale;
+    return true;
+}
+
 } // namespace
 
 namespace DataExchange {
+
+bool DDX_FmtDoubleGradient(bool save, QLineEdit* edit, double& value, int kind, int decimals, bool scaleMode)
+{
+    Q_UNUSED(kind) // every kind is formatted as a depth
+    if (!edit)
+        return true;
+    if (save) {
+        const QString text = edit->text().trimmed();
+        return scaleMode ? readScale(text, value) : TextToDouble(text, value);
+    }
+    const int places = std::clamp(decimals < 0 ? projectDepthDecimals() : decimals, 0, 15);
+    if (!scaleMode)
+        edit->setText(FormatDouble(value, places));
+    else if (value == 0.0)
+        edit->setText(QStringLiteral("1 : ") + kInfinity);
+    else
+        edit->setText(QStringLiteral("1 : ") + FormatDouble(1.0 / value, places));
+    return true;
+}
 
 void DDX_Geo(bool save, QLineEdit* edit, double& value, int decimals, unsigned flags, bool latitude)
 {
