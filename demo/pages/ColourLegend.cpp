@@ -1,6 +1,7 @@
 #include "pages/ColourLegend.h"
 
 #include <QEvent>
+#include <QLocale>
 #include <QPainter>
 #include <QelConfigure/QelFormatter.h>
 #include <QelMfc0/ColorRef.h>
@@ -37,9 +38,19 @@ std::vector<ColourLegend::Row> ColourLegend::Rows() const
     const QelFormatter format; // the open project's depth unit and decimals
     const int entries = m_table.NumEntries();
     const int shown = std::min(entries, kMaxRows);
+    std::vector<double> values;
     for (int k = shown - 1; k >= 0; --k) {
         const int index = shown == entries ? k : int(std::lround(double(k) * (entries - 1) / (shown - 1)));
-        rows.push_back({ {}, {}, format.FormatDepth(m_table.EntryValue(index)), m_table.EntryColor(index) });
+        values.push_back(m_table.EntryValue(index));
+        rows.push_back({ {}, {}, format.FormatDepth(values.back()), m_table.EntryColor(index) });
+    }
+    // Values the depth decimals cannot tell apart (a table of map scales, say) are shown as
+    // plain numbers with the digits they need.
+    const bool apart = std::adjacent_find(rows.begin(), rows.end(), [](const Row& a, const Row& b) { return a.label == b.label; }) == rows.end();
+    if (!apart) {
+        const QLocale locale;
+        for (size_t i = 0; i < values.size(); ++i)
+            rows[i].label = locale.toString(values[i], 'g', 6);
     }
     rows.push_back({ {}, {}, tr("Below"), m_table.LowColor() });
 

@@ -5,6 +5,7 @@
 #include "common/TestProject.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QImage>
 #include <QTest>
 #include <QelBase/ColorTable.h>
@@ -90,13 +91,26 @@ TEST_F(ColourTablesPageTest, ShowsTheGridInTheChosenTablesColoursAndNoDataAsBack
     }
 }
 
-TEST_F(ColourTablesPageTest, ASaveOfTheTablesFileShowsAtOnce)
+TEST_F(ColourTablesPageTest, ShowsWhatTheTableFileHoldsAfterASaveAndAfterAProjectSwitch)
 {
     ASSERT_TRUE(m_page->SelectTable(QStringLiteral("Bands")));
     Settle();
     const QPoint channel = BathymetryGrid::ChannelCell();
+    const auto channelShows = [&](const QColor& colour) {
+        return QTest::qWaitFor([&] { return PixelOf(m_page->grab().toImage(), channel) == colour; }, 5000);
+    };
+    // A save (the editor's Apply) shows without asking.
     ASSERT_TRUE(WriteTable(QStringLiteral("Bands"), Bands(RGB(200, 0, 0), RGB(255, 0, 255), RGB(0, 160, 0), RGB(230, 230, 0))));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return PixelOf(m_page->grab().toImage(), channel) == QColor(255, 0, 255); }, 5000));
+    EXPECT_TRUE(channelShows(QColor(255, 0, 255)));
+    // Another project whose common files hold another table of that name.
+    const QString common = m_project.ProjectsFolder() + QStringLiteral("/OtherCommon");
+    ASSERT_TRUE(QDir().mkpath(common + QStringLiteral("/ColorTables")));
+    FileObject file;
+    ASSERT_TRUE(Bands(RGB(200, 0, 0), RGB(0, 200, 200), RGB(0, 160, 0), RGB(230, 230, 0)).FileSave(file));
+    ASSERT_TRUE(file.FileSave(common + QStringLiteral("/ColorTables/Bands.ctb")));
+    ASSERT_TRUE(DataSearch::GetDataSearch().Open(m_project.ProjectsFolder(), QStringLiteral("NorthSea"), common));
+    EXPECT_EQ(m_page->TableName(), QStringLiteral("Bands"));
+    EXPECT_TRUE(channelShows(QColor(0, 200, 200)));
 }
 
 TEST_F(ColourTablesPageTest, NightModeDimsTheGridAndItsKeyAsTheModeConvertsColours)
