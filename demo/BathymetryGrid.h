@@ -8,7 +8,7 @@
 //     south-east, with smooth seeded noise of a few decimetres;
 //   - a dredged channel crossing from west to east along a gentle curve: a 140 m wide bottom
 //     at -21.5 m and side slopes of 1:5 up to the seabed;
-//   - sand waves outside the channel (0.6 m high, 32 m apart, crests running north-north-east,
+//   - sand waves outside the channel (up to 0.7 m high, 32 m apart, crests running north-north-east,
 //     fading towards the shoal), and flattened remnants of them on the channel bottom;
 //   - a shoal in the north-west rising to -2.5 m;
 //   - a scour hole at the channel's southern edge near the east side, down to -25 m;

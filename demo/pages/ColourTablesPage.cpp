@@ -1,5 +1,6 @@
 #include "pages/ColourTablesPage.h"
 
+#include "DialogPlacement.h"
 #include "pages/ColourLegend.h"
 
 #include <QDir>
@@ -12,6 +13,7 @@
 #include <QLocale>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QelBase/ColorTableLookup.h>
@@ -236,15 +238,22 @@ void ColourTablesPage::EditTable()
     const QString name = TableName();
     if (name.isEmpty())
         return;
-#if QEL_GALLERY_HAS_TABLE_EDITOR
     CColorTableEditor editor(name, this, true, false);
-    // "Save As" puts the table under another name: show that one.
+    // Apply wrote another file (one chosen in the editor, or the table saved as another): show it.
     connect(&editor, &CColorTableEditor::tableNameChanged, this, [this](const QString& saved) {
         m_tables->Refresh();
         SelectTable(saved);
     });
+    // Beside the window when there is room, so that Apply shows its effect on the picture.
+    editor.adjustSize();
+    if (const QScreen* screen = window()->screen()) {
+        const auto global = [](const QWidget* w, const QRect& r) { return QRect(w->mapToGlobal(r.topLeft()), r.size()); };
+        const QSize frame = editor.size() + QSize(8, 34); // the decoration, not known before it shows
+        editor.move(DialogPlacement::FreeSpot(frame, window()->frameGeometry(),
+                                              { global(this, GridRect()), global(m_legend, m_legend->rect()) },
+                                              screen->availableGeometry()));
+    }
     editor.exec();
-#endif
     m_tables->Refresh();
     LoadTable();
 }

@@ -7,7 +7,9 @@
 #include <QApplication>
 #include <QDir>
 #include <QImage>
+#include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <QelBase/ColorTable.h>
 #include <QelBase/FileObject.h>
 #include <QelConfigure/DataSearch.h>
@@ -15,6 +17,7 @@
 #include <QelConfigure/QelFormatter.h>
 #include <QelMfc0/ColorRef.h>
 #include <QelMfc0/colour/ColorControl.h>
+#include <QelMfc0/dialogs/colourtables/ColorTableEditor.h>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -91,26 +94,42 @@ TEST_F(ColourTablesPageTest, ShowsTheGridInTheChosenTablesColoursAndNoDataAsBack
     }
 }
 
-TEST_F(ColourTablesPageTest, ShowsWhatTheTableFileHoldsAfterASaveAndAfterAProjectSwitch)
+TEST_F(ColourTablesPageTest, AfterAProjectSwitchShowsThatProjectsTableOfTheSameName)
 {
     ASSERT_TRUE(m_page->SelectTable(QStringLiteral("Bands")));
     Settle();
-    const QPoint channel = BathymetryGrid::ChannelCell();
-    const auto channelShows = [&](const QColor& colour) {
-        return QTest::qWaitFor([&] { return PixelOf(m_page->grab().toImage(), channel) == colour; }, 5000);
-    };
-    // A save (the editor's Apply) shows without asking.
-    ASSERT_TRUE(WriteTable(QStringLiteral("Bands"), Bands(RGB(200, 0, 0), RGB(255, 0, 255), RGB(0, 160, 0), RGB(230, 230, 0))));
-    EXPECT_TRUE(channelShows(QColor(255, 0, 255)));
-    // Another project whose common files hold another table of that name.
     const QString common = m_project.ProjectsFolder() + QStringLiteral("/OtherCommon");
     ASSERT_TRUE(QDir().mkpath(common + QStringLiteral("/ColorTables")));
     FileObject file;
     ASSERT_TRUE(Bands(RGB(200, 0, 0), RGB(0, 200, 200), RGB(0, 160, 0), RGB(230, 230, 0)).FileSave(file));
     ASSERT_TRUE(file.FileSave(common + QStringLiteral("/ColorTables/Bands.ctb")));
     ASSERT_TRUE(DataSearch::GetDataSearch().Open(m_project.ProjectsFolder(), QStringLiteral("NorthSea"), common));
+    Settle();
     EXPECT_EQ(m_page->TableName(), QStringLiteral("Bands"));
-    EXPECT_TRUE(channelShows(QColor(0, 200, 200)));
+    EXPECT_EQ(PixelOf(m_page->grab().toImage(), BathymetryGrid::ChannelCell()), QColor(0, 200, 200));
+}
+
+TEST_F(ColourTablesPageTest, TheEditorsApplyShowsOnThePictureWhileTheEditorIsOpen)
+{
+    ASSERT_TRUE(m_page->SelectTable(QStringLiteral("Bands")));
+    Settle();
+    const auto channelIsGrey = [&] {
+        const QColor c = PixelOf(m_page->grab().toImage(), BathymetryGrid::ChannelCell());
+        return c.red() == c.green() && c.green() == c.blue();
+    };
+    ASSERT_FALSE(channelIsGrey());
+    bool greyBeforeClosing = false;
+    QTimer::singleShot(0, [&] {
+        auto* editor = qobject_cast<CColorTableEditor*>(QApplication::activeModalWidget());
+        ASSERT_NE(editor, nullptr);
+        // A grey ramp over the table's values, applied.
+        for (int id : { CColorTableEditor::IDC_GREYS, CColorTableEditor::IDC_REPLACE, CColorTableEditor::IDC_APPLY })
+            editor->findChild<QPushButton*>(QString::number(id))->click();
+        greyBeforeClosing = QTest::qWaitFor(channelIsGrey, 5000);
+        editor->reject();
+    });
+    m_page->EditTable();
+    EXPECT_TRUE(greyBeforeClosing);
 }
 
 TEST_F(ColourTablesPageTest, NightModeDimsTheGridAndItsKeyAsTheModeConvertsColours)
