@@ -67,14 +67,14 @@ ColourTablesPage::ColourTablesPage(QWidget* parent)
 {
     auto* layout = new QVBoxLayout(this);
     auto* choice = new QHBoxLayout;
-    auto* label = new QLabel(tr("Colour table:"), this);
+    auto* label = new QLabel(tr("&Colour table:"), this);
     m_tables = new FileTypeCombo(DataSearch::TYPE_COLOR_TABLE, this);
     m_tables->setObjectName(QStringLiteral("tableCombo"));
     m_tables->setMinimumContentsLength(12);
     // The depth table of the sample project first.
     SelectTable(QStringLiteral("Depth"));
     label->setBuddy(m_tables);
-    m_edit = new QPushButton(tr("Edit table..."), this);
+    m_edit = new QPushButton(tr("&Edit table..."), this);
     m_edit->setObjectName(QStringLiteral("editTable"));
     choice->addWidget(label);
     choice->addWidget(m_tables);
