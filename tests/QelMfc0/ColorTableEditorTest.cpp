@@ -8,6 +8,8 @@
 #include <QelConfigure/FileDialogRequest.h>
 #include <QelConfigure/FileTypeCombo.h>
 #include <QelConfigure/ProjectDefinition.h>
+#include <QelMfc0/ColorRef.h>
+#include <QelMfc0/colour/ColorControl.h>
 #include <QelMfc0/controls/ColorWell.h>
 #include <QelMfc0/controls/DataExchange.h>
 #include <QelMfc0/dialogs/colourtables/ColorGridCtrl.h>
@@ -304,4 +306,32 @@ TEST_F(ColorTableEditorTest, FailedSaveAsAndCancelLeaveTheFileAlone)
     }
     SetFileDialogHook({});
     EXPECT_EQ(FileBytes(QStringLiteral("Alpha")), before);
+}
+
+
+TEST_F(ColorTableEditorTest, GridCellsFollowTheColourModeAndStayReadable)
+{
+    CColorGridCtrl grid;
+    grid.resize(120, 60);
+    grid.SetColumnCount(1);
+    grid.SetRowCount(1);
+    grid.SetColumnWidth(0, 100);
+    grid.SetItem(0, 0, QStringLiteral("-8888.88"), CColorGridCtrl::FormatCenter | CColorGridCtrl::FormatSingleLine);
+    const COLORREF background = RGB(120, 0, 0);
+    grid.SetItemBkColour(0, 0, background);
+    grid.SetItemFgColour(0, 0, ColorTable::GetContrastColor(background));
+    ColorControl& colours = ColorControl::Instance();
+    for (ColorConverter::mode mode : {ColorConverter::night, ColorConverter::normal}) {
+        colours.SetLightMode(mode, false);
+        const QImage image = grid.viewport()->grab().toImage();
+        const COLORREF drawnBackground = colours.GetColor(background, false);
+        ASSERT_EQ(drawnBackground != background, mode == ColorConverter::night);
+        EXPECT_EQ(toColorref(image.pixelColor(2, 2)), drawnBackground) << mode;
+        // The brightest text pixel stands out from the background in every mode.
+        int brightest = 0;
+        for (int x = 0; x < 100; ++x)
+            for (int y = 0; y < grid.GetRowHeight(0); ++y)
+                brightest = std::max(brightest, qGray(image.pixel(x, y)));
+        EXPECT_GT(brightest - qGray(toQColor(drawnBackground).rgb()), 40) << mode;
+    }
 }

@@ -11,6 +11,7 @@
 #include <QStyledItemDelegate>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -21,6 +22,28 @@ constexpr int kFormatRole = Qt::UserRole + 3;
 COLORREF colourOf(const QVariant& value)
 {
     return value.isValid() ? value.value<COLORREF>() : CColorGridCtrl::kDefaultColour;
+}
+
+double Luminance(COLORREF colour)
+{
+    return 0.2126 * GetRValue(colour) + 0.7152 * GetGValue(colour) + 0.0722 * GetBValue(colour);
+}
+
+// The colour to draw text of colour `text` in on a background drawn as `drawnBackground`. Black
+// and white are the contrast colours: when the mode dims the one chosen on the background
+// (night paper white turns near black) so that the other one reads at least twice as well,
+// the other one is drawn.
+COLORREF ReadableText(COLORREF text, COLORREF drawnBackground)
+{
+    const ColorControl& colours = ColorControl::Instance();
+    const COLORREF drawn = colours.GetColor(text, false);
+    text &= 0xFFFFFF;
+    if (text != RGB(0, 0, 0) && text != RGB(255, 255, 255))
+        return drawn;
+    const COLORREF other = colours.GetColor(text == 0 ? RGB(255, 255, 255) : RGB(0, 0, 0), false);
+    const double background = Luminance(drawnBackground);
+    const double contrast = std::fabs(Luminance(drawn) - background);
+    return std::fabs(Luminance(other) - background) > 2.0 * contrast ? other : drawn;
 }
 
 // Draws a cell: its colours as the colour mode shows them, its text placed by its format and
@@ -47,7 +70,7 @@ public:
             : toQColor(colours.GetColor(bk, false));
         const QColor foreground = fg == CColorGridCtrl::kDefaultColour
             ? palette.color(fixed ? QPalette::ButtonText : QPalette::Text)
-            : toQColor(colours.GetColor(fg, false));
+            : toQColor(ReadableText(fg, bk == CColorGridCtrl::kDefaultColour ? toColorref(background) : colours.GetColor(bk, false)));
 
         painter->save();
         painter->fillRect(option.rect, background);

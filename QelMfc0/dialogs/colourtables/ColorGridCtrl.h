@@ -2,7 +2,8 @@
 // A grid of coloured cells, as the colour-table editors show their tables: each cell has a text,
 // a text format and a background and text colour. The colours are kept as COLORREF and drawn
 // in the colours the current colour mode gives for them; the grid repaints when the mode
-// changes. A text that does not fit its cell ends in an ellipsis (with FormatEndEllipsis)
+// changes. Black or white text (a contrast colour) that the mode would make hard to read on the
+// cell's drawn background is drawn in the mode's other one of the two. A text that does not fit its cell ends in an ellipsis (with FormatEndEllipsis)
 // instead of losing characters unseen. Rows are selected whole, one at a time.
 //
 // Fixed rows and columns (the first ones) are drawn in the window's button colours and cannot

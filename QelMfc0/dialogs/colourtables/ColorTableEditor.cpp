@@ -29,13 +29,33 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyle>
+#include <QLoggingCategory>
 #include <QVBoxLayout>
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
 #include <utility>
 
 namespace {
+
+Q_LOGGING_CATEGORY(lcColorTableEditor, "qel.colourtables")
+
+// A handler of the dialog run so that no exception reaches the event loop: a failure (such as
+// memory running out for a huge range) is logged, and the dialog stays as the handler left it.
+template <class Handler>
+auto Guarded(CColorTableEditor* editor, Handler handler)
+{
+    return [editor, handler] {
+        try {
+            (editor->*handler)();
+        } catch (const std::exception& error) {
+            qCWarning(lcColorTableEditor) << "colour table editor:" << error.what();
+        } catch (...) {
+            qCWarning(lcColorTableEditor) << "colour table editor: unknown failure";
+        }
+    };
+}
 
 constexpr unsigned kCellFormat = CColorGridCtrl::FormatCenter | CColorGridCtrl::FormatBottom
     | CColorGridCtrl::FormatSingleLine | CColorGridCtrl::FormatEndEllipsis;
@@ -255,32 +275,41 @@ void CColorTableEditor::BuildLayout()
     main->addWidget(m_sidePanel, 0);
     EnableSizeGrip(true);
 
-    connect(up, &QPushButton::clicked, this, &CColorTableEditor::OnColorUp);
-    connect(down, &QPushButton::clicked, this, &CColorTableEditor::OnColorDown);
-    connect(m_grid, &CColorGridCtrl::rowDoubleClicked, this, &CColorTableEditor::OnDblclkColorGrid);
-    connect(apply, &QPushButton::clicked, this, &CColorTableEditor::OnApply);
-    connect(ok, &QPushButton::clicked, this, &CColorTableEditor::OnOK);
+    connect(up, &QPushButton::clicked, this, Guarded(this, &CColorTableEditor::OnColorUp));
+    connect(down, &QPushButton::clicked, this, Guarded(this, &CColorTableEditor::OnColorDown));
+    connect(m_grid, &CColorGridCtrl::rowDoubleClicked, this, [this](int row) {
+        try {
+            OnDblclkColorGrid(row);
+        } catch (const std::exception& error) {
+            qCWarning(lcColorTableEditor) << "colour table editor:" << error.what();
+        } catch (...) {
+            qCWarning(lcColorTableEditor) << "colour table editor: unknown failure";
+        }
+    });
+    connect(apply, &QPushButton::clicked, this, Guarded(this, &CColorTableEditor::OnApply));
+    connect(ok, &QPushButton::clicked, this, Guarded(this, &CColorTableEditor::OnOK));
     connect(cancel, &QPushButton::clicked, this, &CColorTableEditor::reject);
-    connect(m_overviewButton, &QPushButton::clicked, this, &CColorTableEditor::OnOverview);
-    connect(m_numColorsRadio, &QRadioButton::clicked, this, &CColorTableEditor::OnNumcolorsRadio);
-    connect(m_stepRadio, &QRadioButton::clicked, this, &CColorTableEditor::OnStepsizeRadio);
-    connect(m_numColorsEdit, &QLineEdit::editingFinished, this, &CColorTableEditor::OnKillfocusNumcolors);
-    connect(m_stepEdit, &QLineEdit::editingFinished, this, &CColorTableEditor::OnKillfocusStepsize);
-    connect(m_minEdit, &QLineEdit::editingFinished, this, &CColorTableEditor::OnKillfocusDepth);
-    connect(m_maxEdit, &QLineEdit::editingFinished, this, &CColorTableEditor::OnKillfocusDepth);
-    connect(m_hueRadio, &QRadioButton::clicked, this, &CColorTableEditor::OnHueRadio);
-    connect(m_rgbRadio, &QRadioButton::clicked, this, &CColorTableEditor::OnRgbRadio);
-    connect(replace, &QPushButton::clicked, this, &CColorTableEditor::OnGenerateButton);
-    connect(addRange, &QPushButton::clicked, this, &CColorTableEditor::OnAddButton);
-    connect(edit, &QPushButton::clicked, this, &CColorTableEditor::OnEdit);
-    connect(add, &QPushButton::clicked, this, &CColorTableEditor::OnAdd);
-    connect(remove, &QPushButton::clicked, this, &CColorTableEditor::OnDelete);
-    connect(clear, &QPushButton::clicked, this, &CColorTableEditor::OnClear);
-    connect(greys, &QPushButton::clicked, this, &CColorTableEditor::OnGreysButton);
-    connect(hues, &QPushButton::clicked, this, &CColorTableEditor::OnHuesButton);
-    connect(rust, &QPushButton::clicked, this, &CColorTableEditor::OnRustButton);
-    connect(reverse, &QPushButton::clicked, this, &CColorTableEditor::OnReverseButton);
-    connect(m_saveAs, &QPushButton::clicked, this, &CColorTableEditor::OnBnClickedSaveAsCol);
+    connect(m_overviewButton, &QPushButton::clicked, this, Guarded(this, &CColorTableEditor::OnOverview));
+    connect(m_numColorsRadio, &QRadioButton::clicked, this, Guarded(this, &CColorTableEditor::OnNumcolorsRadio));
+    connect(m_stepRadio, &QRadioButton::clicked, this, Guarded(this, &CColorTableEditor::OnStepsizeRadio));
+    connect(m_numColorsEdit, &QLineEdit::editingFinished, this,
+            Guarded(this, &CColorTableEditor::OnKillfocusNumcolors));
+    connect(m_stepEdit, &QLineEdit::editingFinished, this, Guarded(this, &CColorTableEditor::OnKillfocusStepsize));
+    connect(m_minEdit, &QLineEdit::editingFinished, this, Guarded(this, &CColorTableEditor::OnKillfocusDepth));
+    connect(m_maxEdit, &QLineEdit::editingFinished, this, Guarded(this, &CColorTableEditor::OnKillfocusDepth));
+    connect(m_hueRadio, &QRadioButton::clicked, this, Guarded(this, &CColorTableEditor::OnHueRadio));
+    connect(m_rgbRadio, &QRadioButton::clicked, this, Guarded(this, &CColorTableEditor::OnRgbRadio));
+    connect(replace, &QPushButton::clicked, this, Guarded(this, &CColorTableEditor::OnGenerateButton));
+    connect(addRange, &QPushButton::clicked, this, Guarded(this, &CColorTableEditor::OnAddButton));
+    connect(edit, &QPushButton::clicked, this, Guarded(this, &CColorTableEditor::OnEdit));
+    connect(add, &QPushButton::clicked, this, Guarded(this, &CColorTableEditor::OnAdd));
+    connect(remove, &QPushButton::clicked, this, Guarded(this, &CColorTableEditor::OnDelete));
+    connect(clear, &QPushButton::clicked, this, Guarded(this, &CColorTableEditor::OnClear));
+    connect(greys, &QPushButton::clicked, this, Guarded(this, &CColorTableEditor::OnGreysButton));
+    connect(hues, &QPushButton::clicked, this, Guarded(this, &CColorTableEditor::OnHuesButton));
+    connect(rust, &QPushButton::clicked, this, Guarded(this, &CColorTableEditor::OnRustButton));
+    connect(reverse, &QPushButton::clicked, this, Guarded(this, &CColorTableEditor::OnReverseButton));
+    connect(m_saveAs, &QPushButton::clicked, this, Guarded(this, &CColorTableEditor::OnBnClickedSaveAsCol));
 }
 
 void CColorTableEditor::OnInitDialog()
@@ -291,7 +320,8 @@ void CColorTableEditor::OnInitDialog()
     }
     m_fileCombo->SetSelected(m_tableName);
     // Followed only now: selecting the name the dialog started with is no change of file.
-    connect(m_fileCombo, &FileTypeCombo::selectedNameChanged, this, &CColorTableEditor::OnCbnSelchangeSelectFileCombo);
+    connect(m_fileCombo, &FileTypeCombo::selectedNameChanged, this,
+            Guarded(this, &CColorTableEditor::OnCbnSelchangeSelectFileCombo));
     InitColorParams();
     if (m_countOrStep == 0)
         OnNumcolorsRadio();
@@ -855,16 +885,17 @@ void CColorTableEditor::FitGridToClient()
     const int rows = m_grid->GetRowCount();
     if (m_grid->GetColumnCount() == 0 || rows == 0)
         return;
-    // The grid's client area without scroll bars; with more rows than the overview shows, room
-    // is kept for the vertical scroll bar.
+    // The grid's client area without scroll bars.
     const QSize client = m_grid->maximumViewportSize();
-    const int scrollBar = std::max(DpiCor(20), m_grid->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, m_grid));
-    m_grid->SetColumnWidth(0, std::max(1, client.width() - (rows > kOverviewRows ? scrollBar : DpiCor(5))));
     // The "Below" row fills the rest of the grid.
     int others = 0;
     for (int row = 0; row < rows - 1; ++row)
         others += m_grid->GetRowHeight(row);
-    m_grid->SetRowHeight(rows - 1, std::max(DpiCor(19), client.height() - int(std::lround(DpiCor(5.0))) - others));
+    const int room = client.height() - int(std::lround(DpiCor(5.0))) - others;
+    m_grid->SetRowHeight(rows - 1, std::max(DpiCor(19), room));
+    // Room is kept for the vertical scroll bar when the rows do not fit.
+    const int scrollBar = std::max(DpiCor(20), m_grid->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, m_grid));
+    m_grid->SetColumnWidth(0, std::max(1, client.width() - (room < DpiCor(19) ? scrollBar : DpiCor(5))));
 }
 
 void CColorTableEditor::OnOverview()
