@@ -48,6 +48,12 @@ int Run(QApplication& app, const QCommandLineParser& parser, const QCommandLineO
     if (!IsQelMfc0Attached())
         return Fail(QCoreApplication::translate("QelGallery", "the QelMfc0 library did not start: %1").arg(QelMfc0LastError()));
 
+    // From here on a termination signal ends the event loop, and with it the run, cleanly: the
+    // unpacked project is removed even when the signal comes while the pages are built. A
+    // screenshot run has no event loop to end and keeps the default handling.
+    if (!parser.isSet(screenshot))
+        StartUp::QuitOnTerminationSignals(&app);
+
     // Declared first, removed last: the window and the project are gone before the folder.
     std::unique_ptr<DefaultProject> embedded;
     QString projectsFolder;
@@ -88,7 +94,6 @@ int Run(QApplication& app, const QCommandLineParser& parser, const QCommandLineO
             return Fail(QCoreApplication::translate("QelGallery", "could not write the screenshots into %1").arg(QDir::toNativeSeparators(parser.value(screenshot))), 1);
         return 0;
     }
-    StartUp::QuitOnTerminationSignals(&app);
     return app.exec();
 }
 

@@ -94,7 +94,8 @@ void ColourLegend::paintEvent(QPaintEvent*)
     frame.setAlpha(110);
     const std::vector<Row> rows = Rows();
     for (const Row& row : rows) {
-        painter.fillRect(row.box, toQColor(colors.GetColor(row.color, false)));
+        // Scaled as the picture is (ColorControl::RemapColorTable): key and picture agree.
+        painter.fillRect(row.box, toQColor(colors.GetColor(row.color, true)));
         painter.setPen(frame);
         painter.drawRect(row.box.adjusted(0, 0, -1, -1));
         painter.setPen(ink);

@@ -2,8 +2,8 @@
 // The key of a depth colour table: a column of colour boxes, the highest value on top, each
 // labelled with its entry's depth in the project's depth unit and decimals, and the table's low
 // colour as "Below" at the bottom. A big table is sampled to kMaxRows evenly spread entries
-// (the first and the last always among them), so that every label fits. Colours are converted
-// for the colour mode when painted.
+// (the first and the last always among them), so that every label fits. Colours are scaled
+// for the colour mode when painted, as the coloured picture beside the key is.
 
 #include <QWidget>
 #include <QelBase/ColorTable.h>

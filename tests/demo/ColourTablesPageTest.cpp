@@ -146,7 +146,7 @@ TEST_F(ColourTablesPageTest, NightModeDimsTheGridAndItsKeyAsTheModeConvertsColou
     const auto* legend = m_page->findChild<ColourLegend*>();
     ASSERT_NE(legend, nullptr);
     const QRect box = legend->Rows().front().box.translated(legend->mapTo(m_page.get(), QPoint()));
-    EXPECT_EQ(shot.pixelColor(box.center()), toQColor(colors.GetColor(RGB(230, 230, 0), false)));
+    EXPECT_EQ(shot.pixelColor(box.center()), toQColor(colors.GetColor(RGB(230, 230, 0), true))) << "as the picture";
 }
 
 TEST_F(ColourTablesPageTest, KeyOfABigTableSamplesItsEntriesAndEveryLabelFits)
