@@ -12,7 +12,8 @@
 // bin certainly is. A bin's base counts the thresholds of lower bins; the thresholds of x's own
 // bin follow it and are found by a branchless binary search of `probes` steps over a window of
 // 2^probes - 1 thresholds (those past the bin are above x, the padding is NaN and compares
-// false). NaN cells take the no-data colour.
+// false). With at most one threshold per bin, each bin keeps its threshold and the colours
+// below and from it: two loads per cell. NaN cells take the no-data colour.
 #include "QelBase/ColorTableLookup.h"
 
 #include <QelBase/ColorTable.h>
@@ -31,6 +32,8 @@ struct Params {
     const float* thresholds;
     const quint32* colours;
     const std::int32_t* binBase;
+    const float* binThreshold; // these two with one threshold per bin, else null
+    const quint32* binColours;
     int probes;
     float origin;
     float scale;
@@ -50,6 +53,7 @@ inline int Bin(float x, float origin, float scale, float lastBin)
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "QelBase/ColorTableLookup.cpp"
 #include <hwy/foreach_target.h>
+#include <hwy/cache_control.h>
 #include <hwy/highway.h>
 
 HWY_BEFORE_NAMESPACE();
@@ -63,7 +67,12 @@ using DU = hn::RebindToUnsigned<DF>;
 using VF = hn::Vec<DF>;
 using VU = hn::Vec<DU>;
 
-// The colours of one vector of values. kProbes < 0: the number of steps comes from `p`.
+// The search forms: a number of steps, that number from the parameters, and the bins' own
+// thresholds and colours.
+constexpr int kStepsOfParams = -1;
+constexpr int kBinColours = -2;
+
+// The colours of one vector of values.
 template <int kProbes>
 HWY_INLINE VU ColourVector(const Params& p, VF x)
 {
@@ -74,8 +83,16 @@ HWY_INLINE VU ColourVector(const Params& p, VF x)
     // NaN lanes look up 0 (any bin would do) and take the no-data colour at the end.
     const VF position = hn::Mul(hn::Sub(hn::IfThenElseZero(number, x), hn::Set(df, p.origin)), hn::Set(df, p.scale));
     const VF clamped = hn::Min(hn::Max(position, hn::Zero(df)), hn::Set(df, p.lastBin));
-    auto index = hn::GatherIndex(di, p.binBase, hn::ConvertTo(di, clamped));
-    const int probes = kProbes >= 0 ? kProbes : p.probes;
+    const auto bin = hn::ConvertTo(di, clamped);
+    if constexpr (kProbes == kBinColours) {
+        const VF threshold = hn::GatherIndex(df, p.binThreshold, bin);
+        // 2 * bin, plus one (minus the all-ones lane of the mask) when x is from the threshold.
+        const auto index = hn::Sub(hn::Add(bin, bin), hn::BitCast(di, hn::VecFromMask(df, hn::Ge(x, threshold))));
+        const VU colour = hn::GatherIndex(du, p.binColours, index);
+        return hn::IfThenElse(hn::RebindMask(du, number), colour, hn::Set(du, p.noData));
+    }
+    auto index = hn::GatherIndex(di, p.binBase, bin);
+    const int probes = kProbes == kStepsOfParams ? p.probes : kProbes;
     for (int s = probes - 1; s >= 0; --s) {
         const std::int32_t step = std::int32_t(1) << s;
         const VF threshold = hn::GatherIndex(df, p.thresholds + (step - 1), index);
@@ -85,19 +102,46 @@ HWY_INLINE VU ColourVector(const Params& p, VF x)
     return hn::IfThenElse(hn::RebindMask(du, number), colour, hn::Set(du, p.noData));
 }
 
+// Fewer than a vector of values through buffers; the unused lanes colour zeros.
+template <int kProbes>
+HWY_INLINE void ColourPart(const Params& p, const float* values, size_t count, quint32* out)
+{
+    HWY_ALIGN float buffer[HWY_MAX_BYTES / sizeof(float)] = {};
+    HWY_ALIGN quint32 colours[HWY_MAX_BYTES / sizeof(quint32)];
+    std::copy(values, values + count, buffer);
+    hn::Store(ColourVector<kProbes>(p, hn::Load(DF(), buffer)), DU(), colours);
+    std::copy(colours, colours + count, out);
+}
+
 template <int kProbes>
 HWY_NOINLINE void ColourRowsWith(const Params& params, const float* HWY_RESTRICT values, size_t width,
                                  size_t height, ptrdiff_t valueStride, quint32* HWY_RESTRICT out,
-                                 ptrdiff_t outStride)
+                                 ptrdiff_t outStride, bool stream)
 {
     const Params p = params; // a local copy: the stores below cannot change it
     const DF df;
     const DU du;
     const size_t lanes = hn::Lanes(df);
+    const size_t vectorBytes = lanes * sizeof(quint32);
     for (size_t y = 0; y < height; ++y) {
         const float* row = values + ptrdiff_t(y) * valueStride;
         quint32* target = out + ptrdiff_t(y) * outStride;
         size_t i = 0;
+        const size_t misalignment = reinterpret_cast<uintptr_t>(target) % vectorBytes;
+        if (stream && misalignment % sizeof(quint32) == 0) {
+            // Past the memory caches: the first values up to an aligned vector, then whole
+            // aligned vectors.
+            if (misalignment != 0) {
+                i = std::min(width, (vectorBytes - misalignment) / sizeof(quint32));
+                ColourPart<kProbes>(p, row, i, target);
+            }
+            for (; i + 2 * lanes <= width; i += 2 * lanes) {
+                const VU first = ColourVector<kProbes>(p, hn::LoadU(df, row + i));
+                const VU second = ColourVector<kProbes>(p, hn::LoadU(df, row + i + lanes));
+                hn::Stream(first, du, target + i);
+                hn::Stream(second, du, target + i + lanes);
+            }
+        }
         for (; i + 2 * lanes <= width; i += 2 * lanes) {
             const VU first = ColourVector<kProbes>(p, hn::LoadU(df, row + i));
             const VU second = ColourVector<kProbes>(p, hn::LoadU(df, row + i + lanes));
@@ -106,29 +150,27 @@ HWY_NOINLINE void ColourRowsWith(const Params& params, const float* HWY_RESTRICT
         }
         for (; i + lanes <= width; i += lanes)
             hn::StoreU(ColourVector<kProbes>(p, hn::LoadU(df, row + i)), du, target + i);
-        if (i < width) {
-            // The last, partial vector through buffers; its unused lanes colour zeros.
-            HWY_ALIGN float buffer[HWY_MAX_BYTES / sizeof(float)] = {};
-            HWY_ALIGN quint32 colours[HWY_MAX_BYTES / sizeof(quint32)];
-            std::copy(row + i, row + width, buffer);
-            hn::Store(ColourVector<kProbes>(p, hn::Load(df, buffer)), du, colours);
-            std::copy(colours, colours + (width - i), target + i);
-        }
+        if (i < width)
+            ColourPart<kProbes>(p, row + i, width - i, target + i);
     }
+    if (stream)
+        hwy::FlushStream();
 }
 
 void ColourRows(const Params& p, const float* values, size_t width, size_t height, ptrdiff_t valueStride,
-                quint32* out, ptrdiff_t outStride)
+                quint32* out, ptrdiff_t outStride, bool stream)
 {
+    if (p.binThreshold)
+        return ColourRowsWith<kBinColours>(p, values, width, height, valueStride, out, outStride, stream);
     switch (p.probes) {
     case 0:
-        return ColourRowsWith<0>(p, values, width, height, valueStride, out, outStride);
+        return ColourRowsWith<0>(p, values, width, height, valueStride, out, outStride, stream);
     case 1:
-        return ColourRowsWith<1>(p, values, width, height, valueStride, out, outStride);
+        return ColourRowsWith<1>(p, values, width, height, valueStride, out, outStride, stream);
     case 2:
-        return ColourRowsWith<2>(p, values, width, height, valueStride, out, outStride);
+        return ColourRowsWith<2>(p, values, width, height, valueStride, out, outStride, stream);
     default:
-        return ColourRowsWith<-1>(p, values, width, height, valueStride, out, outStride);
+        return ColourRowsWith<kStepsOfParams>(p, values, width, height, valueStride, out, outStride, stream);
     }
 }
 
@@ -151,6 +193,11 @@ constexpr int kMaxBins = 1 << 20;
 // thresholds than this.
 constexpr int kFewThresholds = 15;
 constexpr int kMaxGrownBins = 1 << 16;
+// The most bins that keep their own thresholds and colours.
+constexpr int kMaxBinsWithColours = 1 << 16;
+// Outputs of this size and more are written past the memory caches (they would not stay in
+// them anyway), which saves reading them in first.
+constexpr qint64 kStreamedBytes = qint64(16) << 20;
 
 int PowerOfTwoAtLeast(qint64 n)
 {
@@ -238,6 +285,16 @@ ColorTableLookup::ColorTableLookup(const ColorTable& table, quint32 noData)
     while ((qint64(1) << m_binProbes) - 1 < most)
         ++m_binProbes;
     m_thresholds.resize(count + (size_t(1) << m_binProbes) - 1, std::numeric_limits<float>::quiet_NaN());
+    if (m_binProbes == 1 && bins <= kMaxBinsWithColours) {
+        m_binThreshold.resize(size_t(bins));
+        m_binColours.resize(2 * size_t(bins));
+        for (size_t b = 0; b < size_t(bins); ++b) {
+            const auto base = size_t(m_binBase[b]);
+            m_binThreshold[b] = m_thresholds[base]; // NaN past the last entry
+            m_binColours[2 * b] = m_colours[base];
+            m_binColours[2 * b + 1] = m_colours[std::min(base + 1, count)];
+        }
+    }
 }
 
 quint32 ColorTableLookup::Argb(float value) const
@@ -270,10 +327,13 @@ void ColorTableLookup::ColourGrid(const float* values, int width, int height, qs
 {
     if (width <= 0 || height <= 0 || !values || !out)
         return;
-    const Params params { m_thresholds.data(), m_colours.data(), m_binBase.data(), m_binProbes,
+    const Params params { m_thresholds.data(), m_colours.data(), m_binBase.data(),
+                          m_binThreshold.empty() ? nullptr : m_binThreshold.data(),
+                          m_binColours.empty() ? nullptr : m_binColours.data(), m_binProbes,
                           m_binOrigin, m_binScale, float(m_binBase.size() - 1), m_noData };
+    const bool stream = qint64(width) * height * qint64(sizeof(quint32)) >= kStreamedBytes;
     HWY_DYNAMIC_DISPATCH(ColourRows)(params, values, size_t(width), size_t(height), ptrdiff_t(valueStride), out,
-                                     ptrdiff_t(outStride));
+                                     ptrdiff_t(outStride), stream);
 }
 
 quint32 ColorTableLookup::NoDataColor() const

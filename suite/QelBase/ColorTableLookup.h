@@ -48,5 +48,9 @@ private:
     int m_binProbes = 0;               // search steps over the entries after the bin's base
     float m_binOrigin = 0.0f;
     float m_binScale = 0.0f;
+    // With at most one entry per bin (a single search step): the entry of each bin, padded
+    // with NaN, and the colours below and from it, so that a cell needs two loads.
+    std::vector<float> m_binThreshold;
+    std::vector<quint32> m_binColours;
     quint32 m_noData = kNoData;
 };

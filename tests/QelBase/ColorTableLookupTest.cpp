@@ -164,6 +164,27 @@ TEST(ColorTableLookup, GridsKeepTheirRowsAndLeaveThePaddingAlone)
     EXPECT_EQ(out, before) << "empty and negative sizes colour nothing";
 }
 
+TEST(ColorTableLookup, LargeGridsWrittenPastTheCachesAgreeWithSmallOnes)
+{
+    // 2047 x 2100 cells (more than 16 MB of colours), rows not aligned to any vector; the
+    // best instruction set only, the slower ones take too long in debug builds.
+    std::mt19937 random(11);
+    const ColorTable table = makeTable("256 by range", random);
+    const ColorTableLookup lookup(table);
+    const int width = 2047, height = 2100;
+    const qsizetype outStride = width + 3;
+    std::vector<float> values(size_t(width) * height);
+    for (size_t i = 0; i < values.size(); ++i)
+        values[i] = i % 97 == 0 ? std::nanf("") : -41.0f + float(random() % 42000) * 1e-3f;
+    std::vector<quint32> expected(size_t(outStride) * height, 0xDEADBEEF);
+    for (int y = 0; y < height; ++y)
+        lookup.Colour(&values[size_t(y) * width], width, &expected[size_t(y * outStride)]);
+    ASSERT_EQ(firstMismatch(table, values.data(), expected.data(), width, ColorTableLookup::kNoData), "");
+    std::vector<quint32> out(expected.size() + 1, 0xDEADBEEF);
+    lookup.ColourGrid(values.data(), width, height, width, out.data() + 1, outStride);
+    EXPECT_TRUE(std::equal(expected.begin(), expected.end(), out.begin() + 1)) << ColorTableLookup::VectorTarget();
+}
+
 TEST(ColorTableLookup, TakesACopyOfTheTableAndItsNoDataColour)
 {
     ColorTable table;
