@@ -83,7 +83,9 @@ public:
     void SetScrollPos(int position);
 
 Q_SIGNALS:
+    // Another row (or none, -1) is selected.
     void selectedRowChanged(int row);
+    // The grid lines were switched on or off.
     void gridLinesChanged(bool lines);
     // A cell of `row` was double-clicked.
     void rowDoubleClicked(int row);

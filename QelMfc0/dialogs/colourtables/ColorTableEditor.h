@@ -5,9 +5,12 @@
 // generated between a minimum and a maximum value and colour (by number of colours or by step,
 // in hue or in red, green and blue), colour presets, single entries edited in the "Color Table
 // Entry" dialog, rotation of the colours, a compact overview, and the choice of the file.
+// Entries added or edited one by one are locked (marked " *"): ranges added later and the
+// rotation of the colours pass them by.
 //
 // The table is written to its file only by "Apply", "OK" and "Save As"; "Cancel" leaves the
-// file as it was. When the file shown is another one than at the last Apply, Apply announces
+// file as it was, and a write that fails leaves the old file whole, says so and keeps the
+// dialog open. When the file shown is another one than at the last Apply, Apply announces
 // the new name (tableNameChanged). Typed text that is not a number is refused with a message.
 
 #include "QelMfc0/QelMfc0Export.h"
@@ -99,7 +102,8 @@ public:
                                               int shift, bool down);
 
 Q_SIGNALS:
-    // Apply wrote the table of a file other than the one announced before: its name.
+    // On Apply, when the dialog shows another file than before (chosen in the combo or saved
+    // under another name): the file's name.
     void tableNameChanged(const QString& name);
 
 protected:
@@ -111,30 +115,44 @@ protected:
     // Applies and, when the file was written, closes.
     void OnOK();
 
-    // Handlers of the buttons, fields and the grid.
+    // "Up" / "Down": rotate the colours of the unlocked entries and the low colour by one slot
+    // (in the overview by as many entries as a row stands for), keeping the scroll position.
     void OnColorUp();
     void OnColorDown();
+    // A double-click on a row edits it (not in the overview).
     void OnDblclkColorGrid(int row);
+    // Writes the table to its file and announces a new name; false (with a message) when a field
+    // is no number or the file could not be written.
     bool OnApply();
+    // "<<" / ">>": the grid alone with a sample of 14 rows, or the whole dialog again.
     void OnOverview();
+    // The radios of number of colours and step size: enable the field of the choice.
     void OnNumcolorsRadio();
     void OnStepsizeRadio();
+    // A field left: the step follows a new number of colours, the number a new step, and either
+    // (by the choice) new ends of the range.
     void OnKillfocusNumcolors();
     void OnKillfocusStepsize();
     void OnKillfocusDepth();
+    // The mode radios (hue, or red, green and blue): take the choice.
     void OnHueRadio();
     void OnRgbRadio();
+    // "Replace" / "Add" of the range group.
     void OnGenerateButton();
     void OnAddButton();
+    // Single entries: edit the selected row, add an entry, remove the selected row, clear all.
     void OnEdit();
     void OnAdd();
     void OnDelete();
     void OnClear();
+    // Presets of the range colours, and the swap of the two ends.
     void OnGreysButton();
     void OnHuesButton();
     void OnRustButton();
     void OnReverseButton();
+    // Another file chosen in the combo: its table is read (edits of the other one are dropped).
     void OnCbnSelchangeSelectFileCombo();
+    // "Save As": the table written under a name chosen in a file dialog, which it then keeps.
     void OnBnClickedSaveAsCol();
 
     // Loads the generation fields from the table and shows them.
