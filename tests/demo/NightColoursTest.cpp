@@ -53,8 +53,9 @@ TEST_F(NightColours, ShippedMapsShowNothingBrightAndKeepRedAndAmber)
         colors.SetLightMode(m.mode, false);
         for (COLORREF day : kDayColours) {
             EXPECT_LE(Luminance(toQColor(colors.GetColor(day, false))), m.brightest) << std::hex << day;
-            if (day != RGB(192, 192, 192)) // the images' transparent key, never converted
+            if (day != RGB(192, 192, 192)) { // the images' transparent key, never converted
                 EXPECT_LE(Luminance(InImage(colors, day)), m.brightest) << std::hex << day;
+            }
         }
         for (const auto& [name, entry] : colors.GetColorMap().GetFileColors().Entries())
             EXPECT_LE(Luminance(toQColor(entry.second)), m.brightest) << name.toStdString();
