@@ -194,7 +194,7 @@ constexpr int kMaxBins = 1 << 20;
 constexpr int kFewThresholds = 15;
 constexpr int kMaxGrownBins = 1 << 16;
 // The most bins that keep their own thresholds and colours.
-constexpr int kMaxBinsWithColours = 1 << 16;
+constexpr int kMaxBinsWithColours = 1 << 18;
 // Outputs of this size and more are written past the memory caches (they would not stay in
 // them anyway), which saves reading them in first.
 constexpr qint64 kStreamedBytes = qint64(16) << 20;
