@@ -8,6 +8,8 @@
 // cell the few entries it has to be compared with (a handful of steps for even the most uneven
 // table), and the comparisons run in vectors on the widest instruction set of the processor
 // (chosen when the program runs). Making a lookup takes time linear in the table's size.
+// Values and colours need no particular alignment; grids of 16 MB of colours and more are
+// written past the memory caches. A lookup is read-only once made: threads may share it.
 
 #include "QelBase/QelBaseExport.h"
 #include <QtGlobal>
@@ -29,12 +31,13 @@ public:
 
     // The 0xAARRGGBB colour of one value.
     quint32 Argb(float value) const;
-    // Colours `count` values into `out` (0xAARRGGBB words).
+    // Colours `count` values into `out` (0xAARRGGBB words); nothing for a count below one.
     void Colour(const float* values, qsizetype count, quint32* out) const;
     // Colours a grid of `width` x `height` values, rows `valueStride` floats apart, into rows
     // `outStride` words apart. Nothing happens for a negative or zero size.
     void ColourGrid(const float* values, int width, int height, qsizetype valueStride,
                     quint32* out, qsizetype outStride) const;
+    // The colour NaN cells take.
     quint32 NoDataColor() const;
 
     // The instruction set the colouring runs on in this process, as Highway names it.
