@@ -1,6 +1,7 @@
 #include "GalleryWindow.h"
 
 #include "GalleryPages.h"
+#include "pages/ColourTablesPage.h"
 #include "pages/EntryPage.h"
 
 #include <QActionGroup>
@@ -21,10 +22,12 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
+#include <memory>
 #include <QelConfigure/DataSearch.h>
 #include <QelConfigure/ProjectDefinition.h>
 #include <QelMfc0/colour/ColorControl.h>
 #include <QelMfc0/controls/ProjectFollower.h>
+#include <QelMfc0/dialogs/colourtables/ColorTableEditor.h>
 #include <QelMfc0/dialogs/measure/MeasureBrgDistDlg.h>
 #include <QelMfc0/dialogs/measure/MeasureDlg.h>
 #include <QelMfc0/dialogs/measure/MeasureRelativeDlg.h>
@@ -246,8 +249,16 @@ bool GalleryWindow::WriteScreenshots(const QString& folder)
             Settle();
             const QString file = QStringLiteral("%1-%2-%3.png").arg(i + 1, 2, 10, QLatin1Char('0')).arg(PageSlug(i), modeName);
             ok = SavePng(grab(), dir.filePath(file)) && ok;
+            const QString stem = QStringLiteral("%1-%2").arg(i + 1, 2, 10, QLatin1Char('0')).arg(PageSlug(i));
             if (entry)
-                ok = WriteMeasureDialogs(entry, dir, QStringLiteral("%1-%2").arg(i + 1, 2, 10, QLatin1Char('0')).arg(PageSlug(i)), modeName) && ok;
+                ok = WriteMeasureDialogs(entry, dir, stem, modeName) && ok;
+            if (auto* tables = m_pages->widget(i)->findChild<ColourTablesPage*>()) {
+                if (std::unique_ptr<CColorTableEditor> editor { tables->OpenEditor() }) {
+                    editor->show();
+                    Settle();
+                    ok = SavePng(editor->grab(), dir.filePath(QStringLiteral("%1-editor-%2.png").arg(stem, modeName))) && ok;
+                }
+            }
         }
         if (mode == ColorConverter::night)
             ok = WriteNightPopups(folder) && ok;

@@ -13,7 +13,7 @@ class ColourLegend : public QWidget {
     Q_OBJECT
 public:
     // The most entry rows shown (the "Below" row comes on top of these).
-    static constexpr int kMaxRows = 16;
+    static constexpr int kMaxRows = 24;
 
     struct Row {
         QRect box;       // the colour box

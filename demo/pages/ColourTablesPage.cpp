@@ -235,25 +235,36 @@ void ColourTablesPage::WatchTableFile()
 
 void ColourTablesPage::EditTable()
 {
+    if (CColorTableEditor* editor = OpenEditor()) {
+        editor->exec();
+        delete editor;
+    }
+}
+
+CColorTableEditor* ColourTablesPage::OpenEditor()
+{
     const QString name = TableName();
     if (name.isEmpty())
-        return;
-    CColorTableEditor editor(name, this, true, false);
+        return nullptr;
+    auto* editor = new CColorTableEditor(name, this, true, false);
     // Apply wrote another file (one chosen in the editor, or the table saved as another): show it.
-    connect(&editor, &CColorTableEditor::tableNameChanged, this, [this](const QString& saved) {
+    connect(editor, &CColorTableEditor::tableNameChanged, this, [this](const QString& saved) {
         m_tables->Refresh();
         SelectTable(saved);
     });
+    // Whatever the editor wrote shows once it closes.
+    connect(editor, &QDialog::finished, this, [this] {
+        m_tables->Refresh();
+        LoadTable();
+    });
     // Beside the window when there is room, so that Apply shows its effect on the picture.
-    editor.adjustSize();
+    editor->adjustSize();
     if (const QScreen* screen = window()->screen()) {
         const auto global = [](const QWidget* w, const QRect& r) { return QRect(w->mapToGlobal(r.topLeft()), r.size()); };
-        const QSize frame = editor.size() + QSize(8, 34); // the decoration, not known before it shows
-        editor.move(DialogPlacement::FreeSpot(frame, window()->frameGeometry(),
-                                              { global(this, GridRect()), global(m_legend, m_legend->rect()) },
-                                              screen->availableGeometry()));
+        const QSize frame = editor->size() + QSize(8, 34); // the decoration, not known before it shows
+        editor->move(DialogPlacement::FreeSpot(frame, window()->frameGeometry(),
+                                               { global(this, GridRect()), global(m_legend, m_legend->rect()) },
+                                               screen->availableGeometry()));
     }
-    editor.exec();
-    m_tables->Refresh();
-    LoadTable();
+    return editor;
 }

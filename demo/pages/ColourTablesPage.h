@@ -10,6 +10,7 @@
 #include <QelBase/ColorTable.h>
 #include <memory>
 
+class CColorTableEditor;
 class ColourLegend;
 class FileTypeCombo;
 class QFileSystemWatcher;
@@ -34,6 +35,9 @@ public:
     QRect GridRect() const;
     // Opens the table editor on the table shown and colours again with what it saved.
     void EditTable();
+    // The table editor on the table shown, placed beside the picture but not shown (the caller
+    // shows and deletes it); null when no table is shown. Closing it colours again.
+    CColorTableEditor* OpenEditor();
 
 protected:
     void showEvent(QShowEvent* event) override;
