@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="nl_NL">
 <context>
+    <name>ColourLegend</name>
+    <message>
+        <source>Below</source>
+        <translation>Daaronder</translation>
+    </message>
+</context>
+<context>
     <name>ColourModesPage</name>
     <message>
         <source>white</source>
@@ -82,6 +89,29 @@
     <message>
         <source>System colours of the mode:</source>
         <translation>Systeemkleuren van de modus:</translation>
+    </message>
+</context>
+<context>
+    <name>ColourTablesPage</name>
+    <message>
+        <source>&amp;Colour table:</source>
+        <translation>&amp;Kleurentabel:</translation>
+    </message>
+    <message>
+        <source>&amp;Edit table...</source>
+        <translation>Tabel &amp;bewerken...</translation>
+    </message>
+    <message>
+        <source>No colour tables in %1</source>
+        <translation>Geen kleurentabellen in %1</translation>
+    </message>
+    <message>
+        <source>The colour table %1 could not be read: every cell is shown in the low colour.</source>
+        <translation>De kleurentabel %1 kon niet worden gelezen: elke cel wordt in de onderkleur getoond.</translation>
+    </message>
+    <message>
+        <source>Coloured %1 cells in %2 ms</source>
+        <translation>%1 cellen gekleurd in %2 ms</translation>
     </message>
 </context>
 <context>
@@ -308,6 +338,10 @@
     <message>
         <source>Helmsman</source>
         <translation>Roerganger</translation>
+    </message>
+    <message>
+        <source>Colour tables</source>
+        <translation>Kleurentabellen</translation>
     </message>
 </context>
 <context>

@@ -78,19 +78,19 @@ ReadEntry parseEntry(const QString& text, QString& problem)
     problem.clear();
     const QStringList fields = text.split(QLatin1Char(','));
     if (fields.size() < 2) {
-        problem = problemText("an entry needs a value and a colour");
+        problem = problemText(QT_TRANSLATE_NOOP("ColorTableFile", "an entry needs a value and a colour"));
         return read;
     }
     if (!FileObject::ParseDouble(fields[0], read.entry.value)) {
-        problem = problemText("the value is not a number");
+        problem = problemText(QT_TRANSLATE_NOOP("ColorTableFile", "the value is not a number"));
         return read;
     }
     if (!parseColor(fields[1], read.entry.color)) {
-        problem = problemText("the colour is not three numbers from 0 to 255");
+        problem = problemText(QT_TRANSLATE_NOOP("ColorTableFile", "the colour is not three numbers from 0 to 255"));
         return read;
     }
     if (fields.size() > 2 && !parseLocked(fields[2], read.entry.locked)) {
-        problem = problemText("the lock flag is not \"locked\" or \"unlocked\"");
+        problem = problemText(QT_TRANSLATE_NOOP("ColorTableFile", "the lock flag is not \"locked\" or \"unlocked\""));
         return read;
     }
     if (fields.size() > 3)
@@ -127,7 +127,7 @@ bool ColorTableFile::Read(const FileObject& file, ColorTable& table, QStringList
     QString text;
     if (file.GetString(kSection, kLowColorKey, text) && !parseColor(text, table.m_lowColor))
         errors << lineError(kSection, kLowColorKey, text,
-                            problemText("not three numbers from 0 to 255: the low colour stays white"));
+                            problemText(QT_TRANSLATE_NOOP("ColorTableFile", "not three numbers from 0 to 255: the low colour stays white")));
     file.GetString(kSection, kLowColorNameKey, table.m_lowColorName);
 
     // Entries in file order; sorted afterwards, the first of each value kept.
@@ -151,19 +151,19 @@ bool ColorTableFile::Read(const FileObject& file, ColorTable& table, QStringList
     }
     if (overflow)
         errors << lineError(kSection, kEntryKey, QStringLiteral("..."),
-                            problemText("more entries than a table holds (%1): the rest is skipped")
+                            problemText(QT_TRANSLATE_NOOP("ColorTableFile", "more entries than a table holds (%1): the rest is skipped"))
                                 .arg(ColorTable::kMaxEntries));
     const auto byValue = [](const ReadEntry& a, const ReadEntry& b) { return a.entry.value < b.entry.value; };
     if (!std::is_sorted(read.begin(), read.end(), byValue)) {
         std::stable_sort(read.begin(), read.end(), byValue);
         errors << lineError(kSection, kEntryKey, QStringLiteral("..."),
-                            problemText("the entries are not in ascending order: they are sorted"));
+                            problemText(QT_TRANSLATE_NOOP("ColorTableFile", "the entries are not in ascending order: they are sorted")));
     }
     table.m_entries.reserve(read.size());
     for (ReadEntry& entry : read) {
         if (!table.m_entries.empty() && table.m_entries.back().value == entry.entry.value) {
             errors << lineError(kSection, kEntryKey, lines[entry.line],
-                                problemText("the value is listed before: the first entry is kept"));
+                                problemText(QT_TRANSLATE_NOOP("ColorTableFile", "the value is listed before: the first entry is kept")));
             continue;
         }
         table.m_entries.push_back(std::move(entry.entry));
@@ -175,7 +175,7 @@ bool ColorTableFile::Read(const FileObject& file, ColorTable& table, QStringList
             QString raw;
             if (file.GetString(kDredgeSection, QLatin1String(key), raw) && !FileObject::ParseBool(raw, value))
                 errors << lineError(kDredgeSection, QLatin1String(key), raw,
-                                    problemText("does not read: the default is kept"));
+                                    problemText(QT_TRANSLATE_NOOP("ColorTableFile", "does not read: the default is kept")));
         };
         const auto readRamp = [&](const DredgeRampKeys& keys, ColorTable::Ramp& ramp) {
             QString raw;
@@ -186,28 +186,28 @@ bool ColorTableFile::Read(const FileObject& file, ColorTable& table, QStringList
                     ramp.minColor = color;
                 else
                     errors << lineError(kDredgeSection, QLatin1String(keys.minColor), raw,
-                                        problemText("does not read: the default is kept"));
+                                        problemText(QT_TRANSLATE_NOOP("ColorTableFile", "does not read: the default is kept")));
             }
             if (file.GetString(kDredgeSection, QLatin1String(keys.maxColor), raw)) {
                 if (parseColor(raw, color))
                     ramp.maxColor = color;
                 else
                     errors << lineError(kDredgeSection, QLatin1String(keys.maxColor), raw,
-                                        problemText("does not read: the default is kept"));
+                                        problemText(QT_TRANSLATE_NOOP("ColorTableFile", "does not read: the default is kept")));
             }
             if (file.GetString(kDredgeSection, QLatin1String(keys.count), raw)) {
                 if (FileObject::ParseInt(raw, count) && count >= 1 && count <= 256)
                     ramp.count = unsigned(count);
                 else
                     errors << lineError(kDredgeSection, QLatin1String(keys.count), raw,
-                                        problemText("not a count from 1 to 256: the default is kept"));
+                                        problemText(QT_TRANSLATE_NOOP("ColorTableFile", "not a count from 1 to 256: the default is kept")));
             }
         };
         const auto readLimit = [&](const char* key, double& limit) {
             QString raw;
             if (file.GetString(kDredgeSection, QLatin1String(key), raw) && !FileObject::ParseDouble(raw, limit))
                 errors << lineError(kDredgeSection, QLatin1String(key), raw,
-                                    problemText("does not read: the default is kept"));
+                                    problemText(QT_TRANSLATE_NOOP("ColorTableFile", "does not read: the default is kept")));
         };
         readBool("Table", table.m_dredgeDiff);
         readRamp(kUnderKeys, table.m_under);

@@ -2,6 +2,149 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="nl_NL">
 <context>
+    <name>CColorTableEditor</name>
+    <message>
+        <source>Color Table</source>
+        <translation>Kleurentabel</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Omhoog</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Omlaag</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Naam:</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>Opslaan als</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>Maximum</translation>
+    </message>
+    <message>
+        <source>Minimum</source>
+        <translation>Minimum</translation>
+    </message>
+    <message>
+        <source>max color</source>
+        <translation>max. kleur</translation>
+    </message>
+    <message>
+        <source>min color</source>
+        <translation>min. kleur</translation>
+    </message>
+    <message>
+        <source>Number of colors:</source>
+        <translation>Aantal kleuren:</translation>
+    </message>
+    <message>
+        <source>Step size:</source>
+        <translation>Stapgrootte:</translation>
+    </message>
+    <message>
+        <source>Mode:</source>
+        <translation>Modus:</translation>
+    </message>
+    <message>
+        <source>Colors between the ends in hue</source>
+        <translation>Kleuren tussen de uiteinden in tint</translation>
+    </message>
+    <message>
+        <source>Colors between the ends in red, green and blue</source>
+        <translation>Kleuren tussen de uiteinden in rood, groen en blauw</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Vervangen</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Toevoegen</translation>
+    </message>
+    <message>
+        <source>Generate range</source>
+        <translation>Bereik genereren</translation>
+    </message>
+    <message>
+        <source>Range colors</source>
+        <translation>Bereikkleuren</translation>
+    </message>
+    <message>
+        <source>Greys</source>
+        <translation>Grijstinten</translation>
+    </message>
+    <message>
+        <source>Hues</source>
+        <translation>Kleurtinten</translation>
+    </message>
+    <message>
+        <source>Rust</source>
+        <translation>Roest</translation>
+    </message>
+    <message>
+        <source>Reverse</source>
+        <translation>Omkeren</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Wijzigen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Verwijderen</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Wissen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuleren</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Toepassen</translation>
+    </message>
+    <message>
+        <source>The color table could not be saved as %1.</source>
+        <translation>De kleurentabel kon niet worden opgeslagen als %1.</translation>
+    </message>
+    <message>
+        <source>Please enter a whole number.</source>
+        <translation>Voer een geheel getal in.</translation>
+    </message>
+    <message>
+        <source>Please enter a number.</source>
+        <translation>Voer een getal in.</translation>
+    </message>
+    <message>
+        <source>Please enter a number of colors of at least 2.</source>
+        <translation>Voer een aantal kleuren van minstens 2 in.</translation>
+    </message>
+    <message>
+        <source>Please enter a step size above 0.</source>
+        <translation>Voer een stapgrootte groter dan 0 in.</translation>
+    </message>
+    <message>
+        <source>The colors cannot be generated: the table would hold more than %1 colors.</source>
+        <translation>De kleuren kunnen niet worden gegenereerd: de tabel zou meer dan %1 kleuren bevatten.</translation>
+    </message>
+    <message>
+        <source>Below</source>
+        <translation>Daaronder</translation>
+    </message>
+</context>
+<context>
     <name>CCoordinateCtrl</name>
     <message>
         <source>Coord</source>
@@ -46,6 +189,29 @@
     <message>
         <source>This text cannot be read as a number; only the number it starts with counts.</source>
         <translation>Deze tekst is niet als getal te lezen; alleen het getal waarmee hij begint telt.</translation>
+    </message>
+</context>
+<context>
+    <name>CDepthColorEditDlg</name>
+    <message>
+        <source>Minimum Value:</source>
+        <translation>Minimumwaarde:</translation>
+    </message>
+    <message>
+        <source>Color Table Entry</source>
+        <translation>Kleurentabelregel</translation>
+    </message>
+    <message>
+        <source>Color:</source>
+        <translation>Kleur:</translation>
+    </message>
+    <message>
+        <source>Value:</source>
+        <translation>Waarde:</translation>
+    </message>
+    <message>
+        <source>Please enter a number.</source>
+        <translation>Voer een getal in.</translation>
     </message>
 </context>
 <context>
@@ -532,6 +698,56 @@
     </message>
 </context>
 <context>
+    <name>ColorTableFile</name>
+    <message>
+        <source>an entry needs a value and a colour</source>
+        <translation>een regel heeft een waarde en een kleur nodig</translation>
+    </message>
+    <message>
+        <source>the value is not a number</source>
+        <translation>de waarde is geen getal</translation>
+    </message>
+    <message>
+        <source>the colour is not three numbers from 0 to 255</source>
+        <translation>de kleur is geen drie getallen van 0 tot 255</translation>
+    </message>
+    <message>
+        <source>the lock flag is not &quot;locked&quot; or &quot;unlocked&quot;</source>
+        <translation>de vergrendeling is niet "locked" of "unlocked"</translation>
+    </message>
+    <message>
+        <source>not three numbers from 0 to 255: the low colour stays white</source>
+        <translation>geen drie getallen van 0 tot 255: de onderkleur blijft wit</translation>
+    </message>
+    <message>
+        <source>more entries than a table holds (%1): the rest is skipped</source>
+        <translation>meer regels dan een tabel bevat (%1): de rest wordt overgeslagen</translation>
+    </message>
+    <message>
+        <source>the entries are not in ascending order: they are sorted</source>
+        <translation>de regels staan niet in oplopende volgorde: ze worden gesorteerd</translation>
+    </message>
+    <message>
+        <source>the value is listed before: the first entry is kept</source>
+        <translation>de waarde staat er al eerder in: de eerste regel blijft</translation>
+    </message>
+    <message>
+        <source>does not read: the default is kept</source>
+        <translation>onleesbaar: de standaardwaarde blijft</translation>
+    </message>
+    <message>
+        <source>not a count from 1 to 256: the default is kept</source>
+        <translation>geen aantal van 1 tot 256: de standaardwaarde blijft</translation>
+    </message>
+</context>
+<context>
+    <name>ColorWell</name>
+    <message>
+        <source>Color</source>
+        <translation>Kleur</translation>
+    </message>
+</context>
+<context>
     <name>DataSearch</name>
     <message>
         <source>Unit Definition File</source>
@@ -628,6 +844,10 @@
     <message>
         <source>Distance along the run line</source>
         <translation>Afstand langs de vaarlijn</translation>
+    </message>
+    <message>
+        <source>Color well: a button showing a color that opens a color dialog</source>
+        <translation>Kleurvak: een knop die een kleur toont en een kleurenvenster opent</translation>
     </message>
 </context>
 <context>
