@@ -79,10 +79,12 @@ TEST(ColorWell, AClickWithAChosenColourSetsItAndTellsOnceCancelTellsNothing)
         EXPECT_EQ(well.GetColor(), c.after);
         ASSERT_EQ(changed.count(), c.changes);
         ASSERT_EQ(picked.count(), c.picks);
-        if (c.changes)
+        if (c.changes) {
             EXPECT_EQ(changed.at(0).at(0).value<QColor>(), toQColor(c.after));
-        if (c.picks)
+        }
+        if (c.picks) {
             EXPECT_EQ(picked.at(0).at(0).value<COLORREF>(), c.after);
+        }
     }
 }
 

@@ -42,8 +42,9 @@ inline void ExpectNotifyingProperties(QObject& object, std::initializer_list<Pro
         for (const auto& [other, spy] : spies) {
             const bool own = other.propertyIndex() == property.propertyIndex();
             ASSERT_EQ(spy->count(), own ? 1 : 0) << c.name << " notified through " << other.name();
-            if (own)
+            if (own) {
                 EXPECT_EQ(spy->at(0).at(0), c.value) << c.name;
+            }
         }
     }
 }

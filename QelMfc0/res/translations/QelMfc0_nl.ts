@@ -713,7 +713,7 @@
     </message>
     <message>
         <source>the lock flag is not &quot;locked&quot; or &quot;unlocked&quot;</source>
-        <translation>de vergrendeling is niet "locked" of "unlocked"</translation>
+        <translation>de vergrendeling is niet &quot;locked&quot; of &quot;unlocked&quot;</translation>
     </message>
     <message>
         <source>not three numbers from 0 to 255: the low colour stays white</source>

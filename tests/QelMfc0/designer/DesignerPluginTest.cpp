@@ -55,8 +55,9 @@ TEST(DesignerPlugin, OffersEveryControlAndBuildsEachWithOnlyAParent)
             const QMetaProperty property = meta->property(i);
             const QVariant value = property.read(widget);
             EXPECT_TRUE(value.isValid()) << property.name();
-            if (property.isWritable())
+            if (property.isWritable()) {
                 EXPECT_TRUE(property.write(widget, value)) << property.name();
+            }
         }
     }
     EXPECT_EQ(names, QStringList({ "CCoordinateCtrl", "DistanceCtrl", "UpDownIndicatorWidget", "OffrackMeterWidget",
