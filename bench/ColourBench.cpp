@@ -149,12 +149,7 @@ void BM_Memcpy(benchmark::State& state)
 {
     const QImage& source = NoiseImage();
     QImage target(source.size(), source.format());
-    for (auto _ : state) {
-        std::memcpy(target.bits(), source.constBits(), size_t(source.sizeInBytes()));
-        benchmark::DoNotOptimize(target.bits());
-        benchmark::ClobberMemory();
-    }
-    state.SetBytesProcessed(state.iterations() * source.sizeInBytes());
+    CopyBaseline(state, source.constBits(), target.bits(), size_t(source.sizeInBytes()));
 }
 BENCHMARK(BM_Memcpy)->Unit(benchmark::kMillisecond)->UseRealTime();
 

@@ -72,12 +72,7 @@ void BM_Memcpy(benchmark::State& state)
     QImage source(kSide, kSide, QImage::Format_ARGB32);
     source.fill(Qt::white);
     QImage target(kSide, kSide, QImage::Format_ARGB32);
-    for (auto _ : state) {
-        std::memcpy(target.bits(), source.constBits(), size_t(source.sizeInBytes()));
-        benchmark::DoNotOptimize(target.bits());
-        benchmark::ClobberMemory();
-    }
-    state.SetBytesProcessed(state.iterations() * source.sizeInBytes());
+    CopyBaseline(state, source.constBits(), target.bits(), size_t(source.sizeInBytes()));
 }
 BENCHMARK(BM_Memcpy)->Unit(benchmark::kMillisecond)->UseRealTime();
 

@@ -2,6 +2,7 @@
 
 #include <benchmark/benchmark.h>
 #include <cstdio>
+#include <cstring>
 #include <map>
 #include <string>
 
@@ -48,4 +49,14 @@ int RunBenchmarksWithRatios(int argc, char** argv, const std::vector<BenchRatio>
     }
     benchmark::Shutdown();
     return 0;
+}
+
+void CopyBaseline(benchmark::State& state, const void* source, void* target, std::size_t bytes)
+{
+    for (auto _ : state) {
+        std::memcpy(target, source, bytes);
+        benchmark::DoNotOptimize(target);
+        benchmark::ClobberMemory();
+    }
+    state.SetBytesProcessed(state.iterations() * qint64(bytes));
 }

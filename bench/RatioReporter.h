@@ -3,6 +3,8 @@
 // benchmark's time to its baseline's time, both measured in the same run, or to a fixed budget.
 
 #include <QString>
+#include <benchmark/benchmark.h>
+#include <cstddef>
 #include <utility>
 #include <vector>
 
@@ -22,3 +24,6 @@ struct BenchBudget {
 // budget that one iteration takes; returns the exit code.
 int RunBenchmarksWithRatios(int argc, char** argv, const std::vector<BenchRatio>& ratios,
                             const std::vector<BenchBudget>& budgets = {});
+
+// The baseline of image work: copies `bytes` from `source` to `target` each iteration.
+void CopyBaseline(benchmark::State& state, const void* source, void* target, std::size_t bytes);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 namespace {
 
@@ -404,23 +405,17 @@ bool ColorTable::AddRange3(double min, double max, double step, COLORREF firstCo
 
 void ColorTable::GetUnderDredgeColorRange(COLORREF& minColor, COLORREF& maxColor, unsigned& count) const
 {
-    minColor = m_under.minColor;
-    maxColor = m_under.maxColor;
-    count = m_under.count;
+    std::tie(minColor, maxColor, count) = std::tuple(m_under.minColor, m_under.maxColor, m_under.count);
 }
 
 void ColorTable::GetInTolColorRange(COLORREF& minColor, COLORREF& maxColor, unsigned& count) const
 {
-    minColor = m_inTol.minColor;
-    maxColor = m_inTol.maxColor;
-    count = m_inTol.count;
+    std::tie(minColor, maxColor, count) = std::tuple(m_inTol.minColor, m_inTol.maxColor, m_inTol.count);
 }
 
 void ColorTable::GetOverDredgeColorRange(COLORREF& minColor, COLORREF& maxColor, unsigned& count) const
 {
-    minColor = m_over.minColor;
-    maxColor = m_over.maxColor;
-    count = m_over.count;
+    std::tie(minColor, maxColor, count) = std::tuple(m_over.minColor, m_over.maxColor, m_over.count);
 }
 
 void ColorTable::SetUnderDredgeColorRange(COLORREF minColor, COLORREF maxColor, unsigned count)

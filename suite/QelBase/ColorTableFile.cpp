@@ -171,43 +171,29 @@ bool ColorTableFile::Read(const FileObject& file, ColorTable& table, QStringList
 
     // The dredging-difference settings, each keeping its default when it does not read.
     if (file.HasSection(kDredgeSection)) {
-        const auto readBool = [&](const char* key, bool& value) {
+        // One key read by `parse`, which changes its value only when the text reads.
+        const auto read = [&](const char* key, const auto& parse, const char* problem) {
             QString raw;
-            if (file.GetString(kDredgeSection, QLatin1String(key), raw) && !FileObject::ParseBool(raw, value))
-                errors << lineError(kDredgeSection, QLatin1String(key), raw,
-                                    problemText(QT_TRANSLATE_NOOP("ColorTableFile", "does not read: the default is kept")));
+            if (file.GetString(kDredgeSection, QLatin1String(key), raw) && !parse(raw))
+                errors << lineError(kDredgeSection, QLatin1String(key), raw, problemText(problem));
         };
-        const auto readRamp = [&](const DredgeRampKeys& keys, ColorTable::Ramp& ramp) {
-            QString raw;
-            COLORREF color = 0;
-            int count = 0;
-            if (file.GetString(kDredgeSection, QLatin1String(keys.minColor), raw)) {
-                if (parseColor(raw, color))
-                    ramp.minColor = color;
-                else
-                    errors << lineError(kDredgeSection, QLatin1String(keys.minColor), raw,
-                                        problemText(QT_TRANSLATE_NOOP("ColorTableFile", "does not read: the default is kept")));
-            }
-            if (file.GetString(kDredgeSection, QLatin1String(keys.maxColor), raw)) {
-                if (parseColor(raw, color))
-                    ramp.maxColor = color;
-                else
-                    errors << lineError(kDredgeSection, QLatin1String(keys.maxColor), raw,
-                                        problemText(QT_TRANSLATE_NOOP("ColorTableFile", "does not read: the default is kept")));
-            }
-            if (file.GetString(kDredgeSection, QLatin1String(keys.count), raw)) {
-                if (FileObject::ParseInt(raw, count) && count >= 1 && count <= 256)
-                    ramp.count = unsigned(count);
-                else
-                    errors << lineError(kDredgeSection, QLatin1String(keys.count), raw,
-                                        problemText(QT_TRANSLATE_NOOP("ColorTableFile", "not a count from 1 to 256: the default is kept")));
-            }
+        const char* const unreadable = QT_TRANSLATE_NOOP("ColorTableFile", "does not read: the default is kept");
+        const auto readBool = [&](const char* key, bool& value) {
+            read(key, [&](const QString& raw) { return FileObject::ParseBool(raw, value); }, unreadable);
         };
         const auto readLimit = [&](const char* key, double& limit) {
-            QString raw;
-            if (file.GetString(kDredgeSection, QLatin1String(key), raw) && !FileObject::ParseDouble(raw, limit))
-                errors << lineError(kDredgeSection, QLatin1String(key), raw,
-                                    problemText(QT_TRANSLATE_NOOP("ColorTableFile", "does not read: the default is kept")));
+            read(key, [&](const QString& raw) { return FileObject::ParseDouble(raw, limit); }, unreadable);
+        };
+        const auto readRamp = [&](const DredgeRampKeys& keys, ColorTable::Ramp& ramp) {
+            read(keys.minColor, [&](const QString& raw) { return parseColor(raw, ramp.minColor); }, unreadable);
+            read(keys.maxColor, [&](const QString& raw) { return parseColor(raw, ramp.maxColor); }, unreadable);
+            read(keys.count, [&](const QString& raw) {
+                int count = 0;
+                if (!FileObject::ParseInt(raw, count) || count < 1 || count > 256)
+                    return false;
+                ramp.count = unsigned(count);
+                return true;
+            }, QT_TRANSLATE_NOOP("ColorTableFile", "not a count from 1 to 256: the default is kept"));
         };
         readBool("Table", table.m_dredgeDiff);
         readRamp(kUnderKeys, table.m_under);
