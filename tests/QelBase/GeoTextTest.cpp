@@ -157,22 +157,3 @@ TEST(StringToValueTest, NumbersUnitsAndFeet)
         EXPECT_DOUBLE_EQ(value, c.expected) << c.text;
     }
 }
-
-TEST(StringToGeoTest, RandomGarbageNeverBreaksTheParsers)
-{
-    // Each result is finite, and 0.0 whenever the parser reports failure.
-    const QString pool = Deg("0123456789 .,:+-−@'\"′″NSEWnsewxe\t");
-    QRandomGenerator random(7);
-    for (int i = 0; i < 20000; ++i) {
-        QString text;
-        const int length = int(random.bounded(14));
-        for (int k = 0; k < length; ++k)
-            text += pool[qsizetype(random.bounded(int(pool.size())))];
-        double value = 1.0;
-        const bool geo = StringToGeo(text, value);
-        ASSERT_TRUE(geo ? std::isfinite(value) : value == 0.0) << qPrintable(text);
-        bool ok = true;
-        const double number = StringToValue(text, &ok);
-        ASSERT_TRUE(ok ? std::isfinite(number) : number == 0.0) << qPrintable(text);
-    }
-}

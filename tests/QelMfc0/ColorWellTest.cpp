@@ -21,11 +21,10 @@ class DialogScope
 public:
     explicit DialogScope(QColor answer)
     {
-        ColorWell::SetDialogHook([this, answer](const QColor& initial, const QString& title, QWidget*,
+        ColorWell::SetDialogHook([this, answer](const QColor& initial, const QString&, QWidget*,
                                                 QColor& chosen) {
             ++calls;
             seenInitial = initial;
-            seenTitle = title;
             chosen = answer;
             return answer.isValid();
         });
@@ -33,7 +32,6 @@ public:
     ~DialogScope() { ColorWell::SetDialogHook({}); }
     int calls = 0;
     QColor seenInitial;
-    QString seenTitle;
 };
 
 struct PaintCounter : QObject
@@ -75,7 +73,6 @@ TEST(ColorWell, AClickWithAChosenColourSetsItAndTellsOnceCancelTellsNothing)
         QTest::mouseClick(&well, Qt::LeftButton);
         EXPECT_EQ(dialog.calls, 1);
         EXPECT_EQ(dialog.seenInitial, toQColor(before));
-        EXPECT_FALSE(dialog.seenTitle.isEmpty());
         EXPECT_EQ(well.GetColor(), c.after);
         ASSERT_EQ(changed.count(), c.changes);
         ASSERT_EQ(picked.count(), c.picks);
@@ -101,8 +98,6 @@ TEST(ColorWell, CallsTellRealChangesOnlyAndNeverPick)
     EXPECT_EQ(well.GetColor(), RGB(1, 2, 3));
     EXPECT_EQ(changed.count(), 2);
     EXPECT_EQ(picked.count(), 0);
-    EXPECT_GE(well.sizeHint().width(), 40);
-    EXPECT_GE(well.sizeHint().height(), 22);
 }
 
 TEST(ColorWell, TheSwatchShowsTheColourOfTheModeAndFollowsItsChange)
