@@ -50,6 +50,8 @@ public:
     // Adds the definitions of a section; entries with an unknown type are skipped. False when
     // the section gives no definition.
     bool Load(const FileObject& file, const QString& section = QStringLiteral("AttributeDefinitions"));
+    // The control attributes of the definition of `key`; false and empty when unknown.
+    bool GetCtlAttribs(const QString& key, QString& list) const;
     // Number of names defined.
     int Count() const;
     // Forgets every definition (records found earlier become invalid).

@@ -94,6 +94,11 @@ public:
     bool GetFileTypeInfo(int type, QString& description, QString& extension,
                          int& dataPathKind) const;
 
+    // The sub-type attributes of a file of a data type: for colour tables (25) what the table
+    // colours, e.g. "MAP,3,1,30" (a map of item 1 of group 3, format 30), read from the common
+    // file "FileSubTypes.def" (docs/formats.md); false and empty when the file names none.
+    bool GetFileSubTypeAttribs(int fileType, const QString& name, QString& attribs) const;
+
     // The sub-folders of the projects folder that hold a project file, sorted without regard
     // to case; false when the folder is unknown or holds no project.
     bool GetProjects(QStringList& names) const;
