@@ -78,3 +78,11 @@ bool CAttribDefMap::Load(const FileObject& file, const QString& section)
     }
     return any;
 }
+
+bool CAttribDefMap::GetCtlAttribs(const QString& key, QString& list) const
+{
+    std::shared_lock lock(m_lock);
+    const CAttribDefRec* rec = m_byName.value(key, nullptr);
+    list = rec ? rec->ctlAttribs : QString();
+    return rec && !list.isEmpty();
+}

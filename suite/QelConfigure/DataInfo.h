@@ -4,6 +4,7 @@
 
 #include "QelConfigure/QelConfigureExport.h"
 #include <QString>
+#include <QStringView>
 
 class QELCONFIGURE_EXPORT CDataInfo
 {
@@ -23,6 +24,10 @@ public:
     int Format() const;
     // True when it was set (constructed with parts or read from text).
     bool IsValid() const;
+
+    // Reads a whole number from 0 up (decimal digits only, blanks around them allowed) as the
+    // parts are read; false, and `value` unchanged, for anything else or a number beyond int.
+    static bool ReadWholeNumber(QStringView text, int& value);
 
 private:
     int m_group = -1;

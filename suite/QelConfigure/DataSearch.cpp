@@ -3,6 +3,8 @@
 #include "ProjectDefinition.h"
 #include "QelIniFile_IO.h"
 
+#include <QelAttributes/AttribDefMap.h>
+#include <QelBase/FileObject.h>
 #include <QelSubscriber/SubscriptionManager.h>
 
 #include <QCoreApplication>
@@ -55,6 +57,19 @@ QString ProjectFileName()
     return QLatin1String(info->defaultName) + QLatin1String(info->extension);
 }
 
+// Replaces the process's attribute definitions with those of the common folder's
+// "Attributes.def"; none when the folder or the file is missing.
+void LoadAttributeDefinitions(const QString& commonFolder)
+{
+    CAttribDefMap& definitions = CAttribDefMap::GetAttribDefMap();
+    definitions.Clear();
+    if (commonFolder.isEmpty())
+        return;
+    FileObject file;
+    if (file.FileOpen(commonFolder + QLatin1String("/Attributes.def")))
+        definitions.Load(file);
+}
+
 } // namespace
 
 DataSearch::DataSearch() = default;
@@ -90,6 +105,7 @@ bool DataSearch::Open(const QString& projectsFolder, const QString& projectName,
     ini.SetUseDefaultCommonPath(m_commonFolder.isEmpty());
     if (!m_commonFolder.isEmpty())
         ini.SetCommonProjectFilesPath(m_commonFolder);
+    LoadAttributeDefinitions(this->commonFolder());
     AnnounceProject(SubscriptionCodes::PROJECT_CHANGED);
     return true;
 }
@@ -113,6 +129,7 @@ void DataSearch::Close()
         return;
     AnnounceProject(SubscriptionCodes::PROJECT_CLOSING);
     const std::unique_ptr<ProjectDefinition> previous = std::move(m_project);
+    LoadAttributeDefinitions(QString());
     AnnounceProject(SubscriptionCodes::PROJECT_CHANGED);
 }
 
@@ -264,6 +281,29 @@ bool DataSearch::GetFileTypeInfo(int type, QString& description, QString& extens
     extension = QLatin1String(info->extension);
     dataPathKind = info->pathKind;
     return true;
+}
+
+bool DataSearch::GetFileSubTypeAttribs(int fileType, const QString& name, QString& attribs) const
+{
+    attribs.clear();
+    const QString common = commonFolder();
+    if (common.isEmpty())
+        return false;
+    // The key is the bare file name: no folder, no extension of the type.
+    QString key = QFileInfo(Clean(name)).fileName();
+    QString extension;
+    if (GetFileExtension(fileType, extension) && key.endsWith(extension, Qt::CaseInsensitive))
+        key.chop(extension.size());
+    key = key.trimmed();
+    if (key.isEmpty())
+        return false;
+    FileObject file;
+    QString value;
+    if (!file.FileOpen(common + QLatin1String("/FileSubTypes.def"))
+        || !file.GetString(QString::number(fileType), key, value))
+        return false;
+    attribs = value.trimmed();
+    return !attribs.isEmpty();
 }
 
 bool DataSearch::GetProjects(QStringList& names) const

@@ -11,6 +11,11 @@
 //   <projects folder>/<project>/Project.qpd        the project file
 //   <projects folder>/<project>/Data, Images, MultiMedia
 //   <common folder>/Units.def, ColorTables/, ColorMaps/, Bitmaps/
+//   <common folder>/DataDefinition.def             the data items (DataDefinition)
+//   <common folder>/FileSubTypes.def               sub-types of files (GetFileSubTypeAttribs)
+//   <common folder>/Attributes.def                 attribute definitions, read into
+//                                                  CAttribDefMap::GetAttribDefMap() by Open
+//                                                  (Close leaves the map empty)
 // The common folder is <projects folder>/Common unless another one is chosen.
 //
 // Data-folder kinds (GetDataPathInfo):
