@@ -6,12 +6,12 @@
 #include <QelConfigure/DataSearch.h>
 #include <QelConfigure/FileTypeCombo.h>
 #include <QelConfigure/FileTypeDialog.h>
-#include <QelConfigure/ProjectDefinition.h>
 #include <QelMfc0/ColorRef.h>
 #include <QelMfc0/colour/ColorControl.h>
 #include <QelMfc0/controls/ColorWell.h>
 #include <QelMfc0/controls/DataExchange.h>
 #include <QelMfc0/dialogs/colourtables/ColorGridCtrl.h>
+#include <QelMfc0/dialogs/colourtables/ColorGridFill.h>
 #include <QelMfc0/dialogs/colourtables/DepthColorEditDlg.h>
 
 #include <QButtonGroup>
@@ -28,7 +28,6 @@
 #include <QPixmap>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QStyle>
 #include <QLoggingCategory>
 #include <QVBoxLayout>
 
@@ -57,17 +56,7 @@ auto Guarded(CColorTableEditor* editor, Handler handler)
     };
 }
 
-constexpr unsigned kCellFormat = CColorGridCtrl::FormatCenter | CColorGridCtrl::FormatBottom
-    | CColorGridCtrl::FormatSingleLine | CColorGridCtrl::FormatEndEllipsis;
-
-// The open project's depth decimals; 2 without a project.
-int DepthDecimals()
-{
-    int decimals = 2;
-    if (const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition())
-        project->GetDepthDecimals(decimals);
-    return std::clamp(decimals, 0, 15);
-}
+using ColorGridFill::DepthDecimals;
 
 // A strip of the colours between blue and red as a range makes them, in hue or in red, green
 // and blue, drawn in the colours of the current colour mode.
@@ -865,13 +854,9 @@ void CColorTableEditor::FillColorTree(bool keepScroll)
             text = ValueText(value, decimals);
             colour = m_table.GetColor(value);
         }
-        m_grid->SetItem(row, 0, text, kCellFormat);
-        m_grid->SetItemBkColour(row, 0, colour);
-        m_grid->SetItemFgColour(row, 0, ColorTable::GetContrastColor(colour));
+        ColorGridFill::SetColorRow(m_grid, row, text, colour);
     }
-    m_grid->SetItem(rows - 1, 0, tr("Below"), kCellFormat);
-    m_grid->SetItemBkColour(rows - 1, 0, m_table.LowColor());
-    m_grid->SetItemFgColour(rows - 1, 0, ColorTable::GetContrastColor(m_table.LowColor()));
+    ColorGridFill::SetColorRow(m_grid, rows - 1, tr("Below"), m_table.LowColor());
     FitGridToClient();
     if (selected >= 0 && selected < rows)
         m_grid->SetSelectedRow(selected);
@@ -882,20 +867,7 @@ void CColorTableEditor::FillColorTree(bool keepScroll)
 
 void CColorTableEditor::FitGridToClient()
 {
-    const int rows = m_grid->GetRowCount();
-    if (m_grid->GetColumnCount() == 0 || rows == 0)
-        return;
-    // The grid's client area without scroll bars.
-    const QSize client = m_grid->maximumViewportSize();
-    // The "Below" row fills the rest of the grid.
-    int others = 0;
-    for (int row = 0; row < rows - 1; ++row)
-        others += m_grid->GetRowHeight(row);
-    const int room = client.height() - int(std::lround(DpiCor(5.0))) - others;
-    m_grid->SetRowHeight(rows - 1, std::max(DpiCor(19), room));
-    // Room is kept for the vertical scroll bar when the rows do not fit.
-    const int scrollBar = std::max(DpiCor(20), m_grid->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, m_grid));
-    m_grid->SetColumnWidth(0, std::max(1, client.width() - (room < DpiCor(19) ? scrollBar : DpiCor(5))));
+    ColorGridFill::FitToClient(m_grid);
 }
 
 void CColorTableEditor::OnOverview()

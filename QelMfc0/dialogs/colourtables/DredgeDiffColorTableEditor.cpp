@@ -4,10 +4,10 @@
 #include <QelBase/GeoText.h>
 #include <QelBase/NumberText.h>
 #include <QelConfigure/DataSearch.h>
-#include <QelConfigure/ProjectDefinition.h>
 #include <QelMfc0/controls/ColorWell.h>
 #include <QelMfc0/controls/DataExchange.h>
 #include <QelMfc0/dialogs/colourtables/ColorGridCtrl.h>
+#include <QelMfc0/dialogs/colourtables/ColorGridFill.h>
 
 #include <QDir>
 #include <QEvent>
@@ -19,11 +19,9 @@
 #include <QLoggingCategory>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QStyle>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <cmath>
 #include <exception>
 
 namespace {
@@ -42,18 +40,6 @@ void Guarded(Handler&& handler)
     } catch (...) {
         qCWarning(lcDredgeDiffEditor) << "dredge difference table editor: unknown failure";
     }
-}
-
-constexpr unsigned kCellFormat = CColorGridCtrl::FormatCenter | CColorGridCtrl::FormatBottom
-    | CColorGridCtrl::FormatSingleLine | CColorGridCtrl::FormatEndEllipsis;
-
-// The open project's depth decimals; 2 without a project.
-int DepthDecimals()
-{
-    int decimals = 2;
-    if (const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition())
-        project->GetDepthDecimals(decimals);
-    return std::clamp(decimals, 0, 15);
 }
 
 } // namespace
@@ -401,7 +387,7 @@ void DredgeDiffColorTableEditor::FillColorTree()
     m_table.GenerateDredgeDiffColorTable();
     const int n = m_table.NumEntries();
     const int rows = n + 1;
-    const int decimals = DepthDecimals();
+    const int decimals = ColorGridFill::DepthDecimals();
 
     m_grid->setUpdatesEnabled(false);
     m_grid->DeleteAllItems();
@@ -419,35 +405,16 @@ void DredgeDiffColorTableEditor::FillColorTree()
         QString text = FormatDouble(m_table.EntryValue(index), decimals);
         if (m_table.EntryLocked(index))
             text += QStringLiteral(" *");
-        const COLORREF colour = m_table.EntryColor(index);
-        m_grid->SetItem(row, 0, text, kCellFormat);
-        m_grid->SetItemBkColour(row, 0, colour);
-        m_grid->SetItemFgColour(row, 0, ColorTable::GetContrastColor(colour));
+        ColorGridFill::SetColorRow(m_grid, row, text, m_table.EntryColor(index));
     }
-    m_grid->SetItem(rows - 1, 0, tr("Below"), kCellFormat);
-    m_grid->SetItemBkColour(rows - 1, 0, m_table.LowColor());
-    m_grid->SetItemFgColour(rows - 1, 0, ColorTable::GetContrastColor(m_table.LowColor()));
+    ColorGridFill::SetColorRow(m_grid, rows - 1, tr("Below"), m_table.LowColor());
     FitGridToClient();
     m_grid->setUpdatesEnabled(true);
 }
 
 void DredgeDiffColorTableEditor::FitGridToClient()
 {
-    const int rows = m_grid->GetRowCount();
-    if (m_grid->GetColumnCount() == 0 || rows == 0)
-        return;
-    const QSize client = m_grid->maximumViewportSize();
-    // The "Below" row fills the rest of the grid.
-    int others = 0;
-    for (int row = 0; row < rows - 1; ++row)
-        others += m_grid->GetRowHeight(row);
-    const int room = client.height() - int(std::lround(DpiCor(5.0))) - others;
-    m_grid->SetRowHeight(rows - 1, std::max(DpiCor(19), room));
-    // Room for the vertical scroll bar above 15 rows, and whenever the rows do not fit the grid
-    // as it is sized now.
-    const bool scrolls = rows > kRowsWithoutScrollBar || room < DpiCor(19);
-    const int scrollBar = std::max(DpiCor(20), m_grid->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, m_grid));
-    m_grid->SetColumnWidth(0, std::max(1, client.width() - (scrolls ? scrollBar : DpiCor(5))));
+    ColorGridFill::FitToClient(m_grid, kRowsWithoutScrollBar);
 }
 
 bool DredgeDiffColorTableEditor::eventFilter(QObject* watched, QEvent* event)
