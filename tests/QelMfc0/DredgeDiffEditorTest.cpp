@@ -23,6 +23,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace {
 
 using Editor = DredgeDiffColorTableEditor;
@@ -136,11 +138,11 @@ TEST_F(DredgeDiffEditorTest, EveryColourChangeRegeneratesAndOffersApply)
         else
             editor.Table().GetOverDredgeColorRange(minColor, maxColor, count);
         EXPECT_EQ(c.max ? maxColor : minColor, kPicked) << c.id;
-        // The generated table shows it: each ramp's max and min colour are entries or the low colour.
-        bool shown = editor.Table().LowColor() == kPicked;
-        for (int i = 0; i < editor.Table().NumEntries(); ++i)
-            shown = shown || editor.Table().EntryColor(i) == kPicked;
-        EXPECT_TRUE(shown) << c.id;
+        // Regenerated: each ramp's ends are entries (or, for the max over colour, the low colour).
+        const auto& entries = editor.Table().Entries();
+        EXPECT_TRUE(editor.Table().LowColor() == kPicked
+                    || std::any_of(entries.begin(), entries.end(), [](const auto& e) { return e.color == kPicked; }))
+            << c.id;
     }
 }
 
@@ -174,11 +176,6 @@ TEST_F(DredgeDiffEditorTest, ApplyWritesADredgeTableAndAnnouncesItsName)
     EXPECT_EQ(under, 0.5);
     EXPECT_EQ(over, -0.3);
     EXPECT_EQ(table.Entries(), editor.Table().Entries());
-
-    // A second Apply, with nothing changed and the same name, announces it again.
-    Type(editor, Editor::IDC_UNDER_COUNT, QStringLiteral("6"));
-    QTest::mouseClick(Button(editor, Editor::IDC_APPLY), Qt::LeftButton);
-    EXPECT_EQ(names.count(), 2);
 }
 
 TEST_F(DredgeDiffEditorTest, ACountThatIsNoWholeNumberIsRefused)
@@ -217,9 +214,6 @@ TEST_F(DredgeDiffEditorTest, FixedLimitsCannotBeEditedAndKeepTheTables)
     table.GetOverDredgeLimit(over);
     EXPECT_EQ(under, 0.3);
     EXPECT_EQ(over, -0.2);
-
-    Editor editable(QStringLiteral("Fixed"));
-    EXPECT_FALSE(editable.findChild<QLabel*>(QString::number(Editor::IDC_SYNC_TEXT))->isHidden());
 }
 
 TEST_F(DredgeDiffEditorTest, ValuesAtTheLimitsTakeTheRampAboveThem)
