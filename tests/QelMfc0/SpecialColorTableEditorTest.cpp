@@ -19,6 +19,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -239,6 +240,18 @@ TEST_F(SpecialColorTableEditorTest, CheckAndSaveReportsAFileThatCannotBeWritten)
     EXPECT_EQ(blocked.Table().NumEntries(), 19);
     EXPECT_FALSE(blocked.CheckAndSave());
     EXPECT_TRUE(blocked.GenDefBkkColorTable());
+    // OK says so and keeps the dialog open.
+    blocked.show();
+    QString message;
+    QTimer::singleShot(0, [&message] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(box);
+        message = box->text();
+        box->accept();
+    });
+    QTest::mouseClick(blocked.findChild<QPushButton*>(QStringLiteral("1")), Qt::LeftButton);
+    EXPECT_TRUE(message.startsWith(QStringLiteral("The color table could not be saved"))) << message.toStdString();
+    EXPECT_TRUE(blocked.isVisible());
 }
 
 TEST_F(SpecialColorTableEditorTest, DefaultBackscatterTableIsAGreyRampThatIsSaved)

@@ -5,9 +5,9 @@
 #include <QelBase/GeoText.h>
 #include <QelBase/QelString.h>
 #include <QelConfigure/DataSearch.h>
-#include <QelConfigure/ProjectDefinition.h>
 #include <QelMfc0/dialogs/colourtables/BCColorEditDlg.h>
 #include <QelMfc0/dialogs/colourtables/ColorGridCtrl.h>
+#include <QelMfc0/dialogs/colourtables/ColorGridFill.h>
 
 #include <QDir>
 #include <QHBoxLayout>
@@ -39,9 +39,6 @@ void Guarded(Handler&& handler)
     }
 }
 
-constexpr unsigned kCellFormat = CColorGridCtrl::FormatCenter | CColorGridCtrl::FormatBottom
-    | CColorGridCtrl::FormatSingleLine | CColorGridCtrl::FormatEndEllipsis;
-
 struct DefaultType {
     double value;
     COLORREF color;
@@ -54,15 +51,6 @@ constexpr std::array<DefaultType, BCColorTableEditor::kTypes> kDefaults = {{
     {4.0, 0x7FFF80}, {4.5, 0x73E78C}, {5.0, 0x66CD99}, {5.5, 0x59B3A6}, {6.0, 0x4C99B3},
     {6.5, 0x3F7FC0}, {7.0, 0x3367CC}, {7.5, 0x264DD9}, {8.0, 0x1933E6}, {8.5, 0x0C19F3},
 }};
-
-// The open project's depth decimals; 2 without a project.
-int DepthDecimals()
-{
-    int decimals = 2;
-    if (const ProjectDefinition* project = DataSearch::GetDataSearch().GetProjectDefinition())
-        project->GetDepthDecimals(decimals);
-    return std::clamp(decimals, 0, 15);
-}
 
 } // namespace
 
@@ -174,14 +162,9 @@ void BCColorTableEditor::FillColorTree()
     m_grid->SetGridLines(false);
     m_grid->SetColumnCount(1);
     m_grid->SetRowCount(n + 1);
-    const auto setRow = [this](int row, const QString& name, COLORREF colour) {
-        m_grid->SetItem(row, 0, name, kCellFormat);
-        m_grid->SetItemBkColour(row, 0, colour);
-        m_grid->SetItemFgColour(row, 0, ColorTable::GetContrastColor(colour));
-    };
-    setRow(0, m_table.LowColorName(), m_table.LowColor());
+    ColorGridFill::SetColorRow(m_grid, 0, m_table.LowColorName(), m_table.LowColor());
     for (int index = 0; index < n; ++index)
-        setRow(index + 1, m_table.EntryName(index), m_table.EntryColor(index));
+        ColorGridFill::SetColorRow(m_grid, index + 1, m_table.EntryName(index), m_table.EntryColor(index));
     if (selected >= 0 && selected <= n)
         m_grid->SetSelectedRow(selected);
     m_grid->SetScrollPos(scroll);
@@ -192,7 +175,7 @@ QString BCColorTableEditor::ValueText(int index) const
 {
     if (index < 0 || index >= m_table.NumEntries())
         return QString();
-    return FormatDouble(m_table.EntryValue(index), DepthDecimals());
+    return FormatDouble(m_table.EntryValue(index), ColorGridFill::DepthDecimals());
 }
 
 void BCColorTableEditor::OnDblclkColorGrid(int row)

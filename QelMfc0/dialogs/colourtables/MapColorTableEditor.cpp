@@ -6,6 +6,7 @@
 #include <QelConfigure/DataInfo.h>
 #include <QelConfigure/DataSearch.h>
 #include <QelMfc0/dialogs/colourtables/ColorGridCtrl.h>
+#include <QelMfc0/dialogs/colourtables/ColorGridFill.h>
 #include <QelMfc0/dialogs/colourtables/DepthColorEditDlg.h>
 
 #include <QDir>
@@ -37,9 +38,6 @@ void Guarded(Handler&& handler)
         qCWarning(lcMapEditor) << "map colour table editor: unknown failure";
     }
 }
-
-constexpr unsigned kCellFormat = CColorGridCtrl::FormatCenter | CColorGridCtrl::FormatBottom
-    | CColorGridCtrl::FormatSingleLine | CColorGridCtrl::FormatEndEllipsis;
 
 // More texts than a table holds are not looked for.
 constexpr int kMaxTexts = 4096;
@@ -156,12 +154,8 @@ void MapColorTableEditor::FillColorTree()
     m_grid->SetGridLines(false);
     m_grid->SetColumnCount(1);
     m_grid->SetRowCount(count);
-    for (int row = 0; row < count; ++row) {
-        const COLORREF colour = m_table.EntryColor(row);
-        m_grid->SetItem(row, 0, m_texts[row], kCellFormat);
-        m_grid->SetItemBkColour(row, 0, colour);
-        m_grid->SetItemFgColour(row, 0, ColorTable::GetContrastColor(colour));
-    }
+    for (int row = 0; row < count; ++row)
+        ColorGridFill::SetColorRow(m_grid, row, m_texts[row], m_table.EntryColor(row));
     FitRows();
     if (selected >= 0 && selected < count)
         m_grid->SetSelectedRow(selected);
