@@ -95,7 +95,8 @@ TEST_F(DredgeDiffEditorTest, OnlyARealChangeRegeneratesAndOffersApply)
         {Editor::IDC_OVER_COUNT, "0", true, 11, "1"},      // held at one colour
         {Editor::IDC_INTOL_COUNT, "9999", true, 266, "256"}, // and at 256
         {Editor::IDC_UNDER_LIMIT, "0.50", false, 15, "0.50"},
-        {Editor::IDC_UNDER_LIMIT, "0.9", true, 15, "0.90"},
+        {Editor::IDC_UNDER_LIMIT, "0.9", true, 15, "0.9"},
+        {Editor::IDC_UNDER_LIMIT, "0.504", true, 15, "0.504"}, // finer than the decimals shown
     };
     for (const auto& c : cases) {
         Editor editor(QStringLiteral("Fresh"));
@@ -152,7 +153,7 @@ TEST_F(DredgeDiffEditorTest, ApplyWritesADredgeTableAndAnnouncesItsName)
     EXPECT_FALSE(editor.IsLoaded());
     QSignalSpy names(&editor, &Editor::tableNameChanged);
     Type(editor, Editor::IDC_INTOL_COUNT, QStringLiteral("4"));
-    Type(editor, Editor::IDC_OVER_LIMIT, QStringLiteral("-0.3"));
+    Type(editor, Editor::IDC_OVER_LIMIT, QStringLiteral("-0.305"));
     QTest::mouseClick(Button(editor, Editor::IDC_APPLY), Qt::LeftButton);
     ASSERT_EQ(names.count(), 1);
     EXPECT_EQ(names.at(0).at(0).toString(), QStringLiteral("Fresh"));
@@ -174,7 +175,7 @@ TEST_F(DredgeDiffEditorTest, ApplyWritesADredgeTableAndAnnouncesItsName)
     table.GetUnderDredgeLimit(under);
     table.GetOverDredgeLimit(over);
     EXPECT_EQ(under, 0.5);
-    EXPECT_EQ(over, -0.3);
+    EXPECT_EQ(over, -0.305); // not the two decimals shown
     EXPECT_EQ(table.Entries(), editor.Table().Entries());
 }
 

@@ -254,12 +254,13 @@ QLineEdit* DredgeDiffColorTableEditor::DoDataExchange(bool save)
         m_showing = false;
         return nullptr;
     }
-    // All or nothing: the first field that is no number leaves every member as it was. A
-    // disabled limit holds the table's value, which stays.
+    // All or nothing: the first field that is no number leaves every member as it was. A field
+    // the user has not typed in holds the member as the dialog wrote it (perhaps rounded), and a
+    // disabled limit the table's: those members stay.
     const int counts[] = {m_underCount, m_inTolCount, m_overCount};
     const double limits[] = {m_underLimit, m_overLimit};
     for (QLineEdit* field : fields) {
-        if (field->isEnabled() && !ReadField(field)) {
+        if (field->isEnabled() && field->isModified() && !ReadField(field)) {
             m_underCount = counts[0];
             m_inTolCount = counts[1];
             m_overCount = counts[2];
@@ -304,8 +305,9 @@ void DredgeDiffColorTableEditor::OnFieldEdited(QLineEdit* field)
     }
     const bool changed = counts[0] != m_underCount || counts[1] != m_inTolCount || counts[2] != m_overCount
         || limits[0] != m_underLimit || limits[1] != m_overLimit;
-    // The value as it is taken (a count held within its bounds, a limit in the project's decimals).
-    ShowField(field);
+    // A count as it is taken, held within its bounds; a limit keeps the text as typed.
+    if (field != m_underLimitEdit && field != m_overLimitEdit)
+        ShowField(field);
     if (changed)
         Changed();
 }
