@@ -6,6 +6,7 @@
 #include "pages/EntryPage.h"
 #include "pages/HelmsmanPage.h"
 #include "pages/LibraryPage.h"
+#include "pages/SonarPage.h"
 
 #include <QCoreApplication>
 
@@ -18,5 +19,6 @@ std::vector<GalleryPage> GalleryPages()
         { QCoreApplication::translate("GalleryPages", "Entry and measuring"), QStringLiteral("entry"), [](QWidget* parent) { return new EntryPage(parent); } },
         { QCoreApplication::translate("GalleryPages", "Helmsman"), QStringLiteral("helmsman"), [](QWidget* parent) { return new HelmsmanPage(parent); } },
         { QCoreApplication::translate("GalleryPages", "Colour tables"), QStringLiteral("colour-tables"), [](QWidget* parent) { return new ColourTablesPage(parent); } },
+        { QCoreApplication::translate("GalleryPages", "Sonar"), QStringLiteral("sonar"), [](QWidget* parent) { return new SonarPage(parent); } },
     };
 }
