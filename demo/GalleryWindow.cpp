@@ -258,6 +258,14 @@ bool GalleryWindow::WriteScreenshots(const QString& folder)
                     Settle();
                     ok = SavePng(editor->grab(), dir.filePath(QStringLiteral("%1-editor-%2.png").arg(stem, modeName))) && ok;
                 }
+                for (ColourTablesPage::SpecialEditor kind : ColourTablesPage::kSpecialEditors) {
+                    if (std::unique_ptr<QDialog> special { tables->OpenSpecialEditor(kind) }) {
+                        special->show();
+                        Settle();
+                        const QString name = QStringLiteral("%1-%2-%3.png").arg(stem, ColourTablesPage::SpecialSlug(kind), modeName);
+                        ok = SavePng(special->grab(), dir.filePath(name)) && ok;
+                    }
+                }
             }
         }
         if (mode == ColorConverter::night)

@@ -154,7 +154,9 @@ void SideScanSimulator::FillSide(Side side, double altitude, std::uint8_t* out, 
             for (const Obstacle& o : obstacles) {
                 const double height = std::min(o.height, 0.9 * altitude);
                 if (ground >= o.nearRange && ground <= o.farRange) {
-                    level = 1.4 * (0.75 + 0.5 * Noise(ground / 0.3, along / 0.3, 5));
+                    // The face towards the sonar returns strongly, the top less.
+                    const double face = ground - o.nearRange < 0.25 * (o.farRange - o.nearRange) ? 1.6 : 1.0;
+                    level = face * (0.7 + 0.6 * Noise(ground / 0.4, along / 0.4, 5));
                     break;
                 }
                 if (ground > o.farRange && ground < o.farRange * altitude / (altitude - height))
@@ -166,8 +168,8 @@ void SideScanSimulator::FillSide(Side side, double altitude, std::uint8_t* out, 
                 const double grazing = 0.6 + 0.4 * altitude / slant;
                 const double firstReturn = 1.0 + 1.2 * std::exp(-(slant - altitude) / 0.4);
                 const double residual = std::exp(-0.35 * (slant - altitude) / kSlantRange);
-                const double speckle = std::sqrt(-std::log(u)) * 1.128;
-                value = 190.0 * level * grazing * firstReturn * residual * speckle;
+                const double speckle = 0.55 + 0.45 * 1.128 * std::sqrt(-std::log(u));
+                value = 200.0 * level * grazing * firstReturn * residual * speckle;
             }
         }
         out[s * step] = std::uint8_t(std::clamp(value, 0.0, 255.0));

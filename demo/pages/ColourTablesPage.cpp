@@ -23,7 +23,10 @@
 #include <QelMfc0/colour/ColorControl.h>
 #include <QelMfc0/colour/ColorTableImage.h>
 #include <QelMfc0/controls/ProjectFollower.h>
+#include <QelMfc0/dialogs/colourtables/BCColorTableEditor.h>
 #include <QelMfc0/dialogs/colourtables/ColorTableEditor.h>
+#include <QelMfc0/dialogs/colourtables/DredgeDiffColorTableEditor.h>
+#include <QelMfc0/dialogs/colourtables/MapColorTableEditor.h>
 #include <QelSubscriber/SubscriptionManager.h>
 #include <exception>
 
@@ -80,6 +83,21 @@ ColourTablesPage::ColourTablesPage(QWidget* parent)
     choice->addWidget(m_tables);
     choice->addWidget(m_edit);
     choice->addStretch(1);
+    const struct {
+        SpecialEditor kind;
+        QString text;
+        const char* name;
+    } specials[] = {
+        { SpecialEditor::DredgeDifferences, tr("&Dredging differences..."), "dredgeDiffEditor" },
+        { SpecialEditor::BottomClasses, tr("Botto&m classes..."), "bottomClassEditor" },
+        { SpecialEditor::MapColours, tr("Ma&p colours..."), "mapColourEditor" },
+    };
+    for (const auto& special : specials) {
+        auto* button = new QPushButton(special.text, this);
+        button->setObjectName(QLatin1String(special.name));
+        connect(button, &QPushButton::clicked, this, [this, kind = special.kind] { EditSpecial(kind); });
+        choice->addWidget(button);
+    }
     layout->addLayout(choice);
 
     auto* view = new QHBoxLayout;
@@ -257,7 +275,82 @@ CColorTableEditor* ColourTablesPage::OpenEditor()
         m_tables->Refresh();
         LoadTable();
     });
-    // Beside the window when there is room, so that Apply shows its effect on the picture.
+    Place(editor);
+    return editor;
+}
+
+QString ColourTablesPage::SpecialTableName(SpecialEditor kind)
+{
+    switch (kind) {
+    case SpecialEditor::DredgeDifferences:
+        return QStringLiteral("DredgeDiff");
+    case SpecialEditor::BottomClasses:
+        return QStringLiteral("BottomClasses");
+    case SpecialEditor::MapColours:
+        return QStringLiteral("SeabedClasses");
+    }
+    return {};
+}
+
+QString ColourTablesPage::SpecialSlug(SpecialEditor kind)
+{
+    switch (kind) {
+    case SpecialEditor::DredgeDifferences:
+        return QStringLiteral("dredgediff");
+    case SpecialEditor::BottomClasses:
+        return QStringLiteral("bottomclasses");
+    case SpecialEditor::MapColours:
+        return QStringLiteral("mapcolours");
+    }
+    return {};
+}
+
+void ColourTablesPage::EditSpecial(SpecialEditor kind)
+{
+    try {
+        if (QDialog* editor = OpenSpecialEditor(kind)) {
+            editor->exec();
+            delete editor;
+        }
+    } catch (const std::exception& e) {
+        qWarning("Colour tables page: %s", e.what());
+    }
+}
+
+QDialog* ColourTablesPage::OpenSpecialEditor(SpecialEditor kind)
+{
+    const QString name = SpecialTableName(kind);
+    QDialog* editor = nullptr;
+    switch (kind) {
+    case SpecialEditor::DredgeDifferences: {
+        auto* dredge = new DredgeDiffColorTableEditor(name, this, true);
+        connect(dredge, &DredgeDiffColorTableEditor::tableNameChanged, this, [this] {
+            m_tables->Refresh();
+            LoadTable();
+        });
+        editor = dredge;
+        break;
+    }
+    case SpecialEditor::BottomClasses:
+        editor = new BCColorTableEditor(name, this);
+        break;
+    case SpecialEditor::MapColours:
+        editor = new MapColorTableEditor(name, this);
+        break;
+    }
+    if (!editor)
+        return nullptr;
+    // Whatever the editor wrote shows once it closes.
+    connect(editor, &QDialog::finished, this, [this] {
+        m_tables->Refresh();
+        LoadTable();
+    });
+    Place(editor);
+    return editor;
+}
+
+void ColourTablesPage::Place(QDialog* editor)
+{
     editor->adjustSize();
     if (const QScreen* screen = window()->screen()) {
         const auto global = [](const QWidget* w, const QRect& r) { return QRect(w->mapToGlobal(r.topLeft()), r.size()); };
@@ -266,5 +359,4 @@ CColorTableEditor* ColourTablesPage::OpenEditor()
                                                { global(this, GridRect()), global(m_legend, m_legend->rect()) },
                                                screen->availableGeometry()));
     }
-    return editor;
 }

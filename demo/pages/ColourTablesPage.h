@@ -11,6 +11,7 @@
 #include <memory>
 
 class CColorTableEditor;
+class QDialog;
 class ColourLegend;
 class FileTypeCombo;
 class QFileSystemWatcher;
@@ -21,6 +22,11 @@ class QTimer;
 class ColourTablesPage : public QWidget {
     Q_OBJECT
 public:
+    // The editors of tables that are made in their own way, each shown on its table of the
+    // sample project.
+    enum class SpecialEditor { DredgeDifferences, BottomClasses, MapColours };
+    static constexpr SpecialEditor kSpecialEditors[] = { SpecialEditor::DredgeDifferences, SpecialEditor::BottomClasses, SpecialEditor::MapColours };
+
     explicit ColourTablesPage(QWidget* parent = nullptr);
     ~ColourTablesPage() override;
 
@@ -38,6 +44,14 @@ public:
     // The table editor on the table shown, placed beside the picture but not shown (the caller
     // shows and deletes it); null when no table is shown. Closing it colours again.
     CColorTableEditor* OpenEditor();
+    // Opens that editor on its table and colours again with what it saved.
+    void EditSpecial(SpecialEditor kind);
+    // That editor on its table, placed like OpenEditor's but not shown (the caller shows and
+    // deletes it). Closing it colours again.
+    QDialog* OpenSpecialEditor(SpecialEditor kind);
+    // The name of that editor's table and the file name its screenshots go by.
+    static QString SpecialTableName(SpecialEditor kind);
+    static QString SpecialSlug(SpecialEditor kind);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -49,6 +63,8 @@ private:
     // hidden only once it is shown again.
     void Colour();
     void WatchTableFile();
+    // Beside the window when there is room, so that the editor's Apply shows on the picture.
+    void Place(QDialog* editor);
 
     mutable std::unique_ptr<const BathymetryGrid> m_grid; // computed when first needed
     bool m_colourWhenShown = false;

@@ -91,8 +91,8 @@ SonarPage::SonarPage(QWidget* parent)
 
     const QLocale locale;
     m_brightness = Slider(QStringLiteral("brightness"), -25, 25, 0, this);
-    m_contrast = Slider(QStringLiteral("contrast"), -25, 25, 2, this);
-    m_gamma = Slider(QStringLiteral("gamma"), 0, 100, 30, this);
+    m_contrast = Slider(QStringLiteral("contrast"), -25, 25, 0, this);
+    m_gamma = Slider(QStringLiteral("gamma"), 0, 100, 0, this);
     m_brightnessValue = ValueLabel(locale.toString(-25), this);
     m_contrastValue = ValueLabel(locale.toString(-25), this);
     m_gammaValue = ValueLabel(locale.toString(10.0, 'f', 1), this);

@@ -1,8 +1,10 @@
 // The gallery's sonar page: the simulated side-scan returns (repeatable, a dark water column,
 // shadows behind what stands on the seabed), the waterfall's rows as the palette colours the
-// pings, and the palette following the ramp chosen and the colour mode.
+// pings, and the palette following the ramp chosen and the colour mode. Also the colour-table
+// page's buttons of the special table editors.
 #include "SideScanSimulator.h"
 #include "common/TestProject.h"
+#include "pages/ColourTablesPage.h"
 #include "pages/SonarPage.h"
 #include "pages/WaterfallView.h"
 
@@ -10,8 +12,14 @@
 #include <QComboBox>
 #include <QImage>
 #include <QSet>
+#include <QPushButton>
 #include <QSlider>
+#include <QTest>
+#include <QTimer>
 #include <QelMfc0/colour/ColorControl.h>
+#include <QelMfc0/dialogs/colourtables/BCColorTableEditor.h>
+#include <QelMfc0/dialogs/colourtables/DredgeDiffColorTableEditor.h>
+#include <QelMfc0/dialogs/colourtables/MapColorTableEditor.h>
 #include <QelMfc0/dialogs/colourtables/SonarPalette.h>
 #include <gtest/gtest.h>
 #include <map>
@@ -177,6 +185,46 @@ TEST_F(SonarPageTest, NightModeShowsThePaletteAsTheModeConvertsIt)
     EXPECT_NE(night, day);
     EXPECT_EQ(m_page.Waterfall()->Palette(), night);
     EXPECT_TRUE(AllPixelsFrom(night));
+}
+
+// Once a dialog shows, notes its class and closes it.
+void CloseDialogWhenShown(QString& seen, int tries = 200)
+{
+    QTimer::singleShot(10, [&seen, tries] {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            if (auto* dialog = qobject_cast<QDialog*>(widget); dialog && dialog->isVisible()) {
+                seen = QString::fromLatin1(dialog->metaObject()->className());
+                dialog->reject();
+                return;
+            }
+        }
+        if (tries > 0)
+            CloseDialogWhenShown(seen, tries - 1);
+    });
+}
+
+TEST(ColourTablesPageSpecialEditors, EachButtonOpensItsEditor)
+{
+    TestProject project;
+    ASSERT_TRUE(project.IsOpen());
+    ColourTablesPage page;
+    page.show();
+    const struct {
+        const char* button;
+        const QMetaObject* editor;
+    } cases[] = {
+        { "dredgeDiffEditor", &DredgeDiffColorTableEditor::staticMetaObject },
+        { "bottomClassEditor", &BCColorTableEditor::staticMetaObject },
+        { "mapColourEditor", &MapColorTableEditor::staticMetaObject },
+    };
+    for (const auto& c : cases) {
+        auto* button = page.findChild<QPushButton*>(QLatin1String(c.button));
+        ASSERT_NE(button, nullptr) << c.button;
+        QString seen;
+        CloseDialogWhenShown(seen);
+        QTest::mouseClick(button, Qt::LeftButton);
+        EXPECT_EQ(seen, QLatin1String(c.editor->className()));
+    }
 }
 
 } // namespace
