@@ -23,7 +23,7 @@ struct ImageParams {
     const quint32* palette;
     quint32* out;
     ptrdiff_t outStride;
-    bool stream; // write past the memory caches
+    bool stream; // write past the memory caches (where that pays: the byte-permute form)
 };
 } // namespace qel_sonar
 #endif
@@ -39,47 +39,29 @@ namespace qel_sonar {
 namespace HWY_NAMESPACE {
 namespace hn = hwy::HWY_NAMESPACE;
 
+// With gathers from the 256 packed pixels. Streaming stores make gathers slower, and with plain
+// stores they are about as fast as copying the image.
 using DU = hn::ScalableTag<uint32_t>;
 using DI = hn::RebindToSigned<DU>;
 using D8 = hn::Rebind<uint8_t, DU>; // one sample per pixel lane
 using VU = hn::Vec<DU>;
 
-// The pixels of one vector of samples: a gather from the 256 packed pixels.
+// The pixels of one vector of samples.
 HWY_INLINE VU PixelsOf(const quint32* HWY_RESTRICT palette, const quint8* HWY_RESTRICT samples)
 {
     const auto index = hn::PromoteTo(DI(), hn::LoadU(D8(), samples));
-    return hn::GatherIndex(DU(), palette, hn::BitCast(DI(), index));
+    return hn::GatherIndex(DU(), palette, index);
 }
 
-HWY_NOINLINE void ApplyRows(const ImageParams& params)
+HWY_NOINLINE void ApplyGathered(const ImageParams& params)
 {
     const ImageParams p = params; // a local copy: the stores below cannot change it
     const DU du;
     const size_t lanes = hn::Lanes(du);
-    const size_t vectorBytes = lanes * sizeof(quint32);
     for (size_t y = 0; y < p.height; ++y) {
         const quint8* HWY_RESTRICT row = p.samples + ptrdiff_t(y) * p.sampleStride;
         quint32* HWY_RESTRICT target = p.out + ptrdiff_t(y) * p.outStride;
         size_t i = 0;
-        const size_t misalignment = reinterpret_cast<uintptr_t>(target) % vectorBytes;
-        if (p.stream && misalignment % sizeof(quint32) == 0) {
-            // The first pixels up to an aligned vector, then whole aligned vectors.
-            if (misalignment != 0) {
-                const size_t head = std::min(p.width, (vectorBytes - misalignment) / sizeof(quint32));
-                for (; i < head; ++i)
-                    target[i] = p.palette[row[i]];
-            }
-            for (; i + 4 * lanes <= p.width; i += 4 * lanes) {
-                const VU v0 = PixelsOf(p.palette, row + i);
-                const VU v1 = PixelsOf(p.palette, row + i + lanes);
-                const VU v2 = PixelsOf(p.palette, row + i + 2 * lanes);
-                const VU v3 = PixelsOf(p.palette, row + i + 3 * lanes);
-                hn::Stream(v0, du, target + i);
-                hn::Stream(v1, du, target + i + lanes);
-                hn::Stream(v2, du, target + i + 2 * lanes);
-                hn::Stream(v3, du, target + i + 3 * lanes);
-            }
-        }
         for (; i + 4 * lanes <= p.width; i += 4 * lanes) {
             const VU v0 = PixelsOf(p.palette, row + i);
             const VU v1 = PixelsOf(p.palette, row + i + lanes);
@@ -95,13 +77,128 @@ HWY_NOINLINE void ApplyRows(const ImageParams& params)
         for (; i < p.width; ++i) // fewer than a vector: no vector load may read past the row
             target[i] = p.palette[row[i]];
     }
+}
+
+#undef QEL_SONAR_BYTE_PERMUTES
+#if HWY_TARGET == HWY_AVX3 && HWY_COMPILER_GCC
+// Processors with byte permutes over 128 bytes (AVX-512 VBMI, Highway's AVX3_DL) take them:
+// each byte of the pixels (blue, green, red, alpha) from its own 256-byte plane, four 64-byte
+// vectors, by two permutes and a blend on the sample's top bit; then the four planes are
+// interleaved into 64 pixels. Twice as fast as gathers, and faster than copying the image
+// when written past the caches. Compiled here with the extra instructions (rather than as a
+// target of its own, which would have to be enabled for every user of Highway in the library
+// alike) and taken only when the processor has them.
+#define QEL_SONAR_BYTE_PERMUTES 1
+#define QEL_SONAR_VBMI __attribute__((target(HWY_TARGET_STR ",avx512vbmi")))
+constexpr size_t kBlock = 64;
+
+struct BytePlanes {
+    __m512i table[4][4];
+};
+
+QEL_SONAR_VBMI inline BytePlanes PlanesOf(const quint32* palette)
+{
+    alignas(64) quint8 bytes[4][256];
+    for (size_t i = 0; i < 256; ++i)
+        for (size_t c = 0; c < 4; ++c)
+            bytes[c][i] = quint8(palette[i] >> (8 * c));
+    BytePlanes planes;
+    for (size_t c = 0; c < 4; ++c)
+        for (size_t q = 0; q < 4; ++q)
+            planes.table[c][q] = _mm512_load_si512(bytes[c] + 64 * q);
+    return planes;
+}
+
+// The pixels of 64 samples, in four vectors of 16.
+QEL_SONAR_VBMI inline void Block(const BytePlanes& t, const quint8* HWY_RESTRICT samples, __m512i pixels[4])
+{
+    const __m512i index = _mm512_loadu_si512(samples);
+    const __mmask64 high = _mm512_movepi8_mask(index);
+    __m512i channel[4];
+    for (size_t c = 0; c < 4; ++c) {
+        const __m512i low = _mm512_permutex2var_epi8(t.table[c][0], index, t.table[c][1]);
+        const __m512i top = _mm512_permutex2var_epi8(t.table[c][2], index, t.table[c][3]);
+        channel[c] = _mm512_mask_blend_epi8(high, low, top);
+    }
+    const __m512i bgLow = _mm512_unpacklo_epi8(channel[0], channel[1]);
+    const __m512i bgHigh = _mm512_unpackhi_epi8(channel[0], channel[1]);
+    const __m512i raLow = _mm512_unpacklo_epi8(channel[2], channel[3]);
+    const __m512i raHigh = _mm512_unpackhi_epi8(channel[2], channel[3]);
+    // Block k (128 bits) of these holds pixels 16k + 0..3, 4..7, 8..11 and 12..15.
+    const __m512i p0 = _mm512_unpacklo_epi16(bgLow, raLow);
+    const __m512i p1 = _mm512_unpackhi_epi16(bgLow, raLow);
+    const __m512i p2 = _mm512_unpacklo_epi16(bgHigh, raHigh);
+    const __m512i p3 = _mm512_unpackhi_epi16(bgHigh, raHigh);
+    const __m512i a = _mm512_shuffle_i64x2(p0, p1, 0x44); // blocks 0, 1 of p0, then of p1
+    const __m512i b = _mm512_shuffle_i64x2(p2, p3, 0x44);
+    const __m512i c = _mm512_shuffle_i64x2(p0, p1, 0xEE); // blocks 2, 3
+    const __m512i d = _mm512_shuffle_i64x2(p2, p3, 0xEE);
+    pixels[0] = _mm512_shuffle_i64x2(a, b, 0x88);
+    pixels[1] = _mm512_shuffle_i64x2(a, b, 0xDD);
+    pixels[2] = _mm512_shuffle_i64x2(c, d, 0x88);
+    pixels[3] = _mm512_shuffle_i64x2(c, d, 0xDD);
+}
+
+QEL_SONAR_VBMI HWY_NOINLINE void ApplyPermuted(const ImageParams& params)
+{
+    const ImageParams p = params; // a local copy: the stores below cannot change it
+    const BytePlanes planes = PlanesOf(p.palette);
+    for (size_t y = 0; y < p.height; ++y) {
+        const quint8* HWY_RESTRICT row = p.samples + ptrdiff_t(y) * p.sampleStride;
+        quint32* HWY_RESTRICT target = p.out + ptrdiff_t(y) * p.outStride;
+        size_t i = 0;
+        __m512i pixels[4];
+        const size_t misalignment = reinterpret_cast<uintptr_t>(target) % 64;
+        if (p.stream && misalignment % sizeof(quint32) == 0) {
+            // Past the memory caches: the first pixels up to an aligned vector, then whole
+            // aligned vectors.
+            const size_t head = std::min(p.width, (64 - misalignment) % 64 / sizeof(quint32));
+            for (; i < head; ++i)
+                target[i] = p.palette[row[i]];
+            for (; i + kBlock <= p.width; i += kBlock) {
+                Block(planes, row + i, pixels);
+                for (size_t k = 0; k < 4; ++k)
+                    _mm512_stream_si512(reinterpret_cast<__m512i*>(target + i + 16 * k), pixels[k]);
+            }
+        }
+        for (; i + kBlock <= p.width; i += kBlock) {
+            Block(planes, row + i, pixels);
+            for (size_t k = 0; k < 4; ++k)
+                _mm512_storeu_si512(target + i + 16 * k, pixels[k]);
+        }
+        for (; i < p.width; ++i) // fewer than a block: no vector load may read past the row
+            target[i] = p.palette[row[i]];
+    }
     if (p.stream)
         hwy::FlushStream();
+}
+#undef QEL_SONAR_VBMI
+#else
+#define QEL_SONAR_BYTE_PERMUTES 0
+#endif
+
+// True when this code takes the byte permutes (the processor has them and tests allow them).
+bool BytePermutes()
+{
+#if QEL_SONAR_BYTE_PERMUTES
+    return (hwy::SupportedTargets() & HWY_AVX3_DL) != 0;
+#else
+    return false;
+#endif
+}
+
+HWY_NOINLINE void ApplyRows(const ImageParams& params)
+{
+#if QEL_SONAR_BYTE_PERMUTES
+    if (BytePermutes())
+        return ApplyPermuted(params);
+#endif
+    ApplyGathered(params);
 }
 
 int64_t TargetOfThisCode()
 {
-    return HWY_TARGET;
+    return BytePermutes() ? HWY_AVX3_DL : HWY_TARGET;
 }
 } // namespace HWY_NAMESPACE
 } // namespace qel_sonar

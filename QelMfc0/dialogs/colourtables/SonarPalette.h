@@ -16,8 +16,10 @@
 //
 // Images. Apply and ApplyImage give each 8-bit sample the packed pixel of its value in one
 // call, in vectors on the widest instruction set of the processor (chosen when the program
-// runs), without a branch per pixel; samples and pixels need no particular alignment, and
-// outputs of 16 MB and more are written past the memory caches.
+// runs), without a branch per pixel: gathers from the palette, or on processors with AVX-512
+// byte permutes (VBMI) 64 pixels at a time from the palette's four byte planes, outputs of
+// 16 MB and more then written past the memory caches. Samples and pixels need no particular
+// alignment. The functions are reentrant.
 
 #include "QelMfc0/QelMfc0Export.h"
 #include <QtGlobal>
@@ -64,8 +66,8 @@ public:
     void Init_RGBA_Palette(int type, double brightness, double contrast, double gamma,
                            unsigned char alpha, bool flag);
 
-    // The float colour of intensity j = clamp(value * scale + offset + 0.5, 0, 255) (truncated);
-    // r, g and b are left untouched when the tables do not hold entry j (never filled).
+    // The float colour of intensity j = clamp(value * scale + offset + 0.5, 0, 255) (truncated,
+    // NaN as 0); r, g and b are left untouched when the tables do not hold entry j (never filled).
     void GetRGB(double value, double scale, double offset, float& r, float& g, float& b) const;
     // Each of the three low bytes of `pixel` times `factor`, clamped to 0..255 and truncated;
     // the top (alpha) byte is kept.
