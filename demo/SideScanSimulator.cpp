@@ -143,6 +143,14 @@ void SideScanSimulator::FillSide(Side side, double altitude, std::uint8_t* out, 
         m_random ^= m_random >> 27;
         return (double((m_random * 0x2545F4914F6CDD1DULL) >> 11) + 0.5) * (1.0 / 9007199254740992.0);
     };
+    // The bare seabed every kStride samples, in between interpolated: its finest grain is
+    // still several samples wide.
+    constexpr int kStride = 4;
+    m_seabed.resize(std::size_t(m_samples / kStride + 2));
+    for (std::size_t k = 0; k < m_seabed.size(); ++k) {
+        const double slant = (double(k) * kStride + 0.5) * m_sampleSize;
+        m_seabed[k] = Seabed(sign * std::sqrt(std::max(0.0, slant * slant - altitude * altitude)), along);
+    }
     for (int s = 0; s < m_samples; ++s) {
         const double slant = (s + 0.5) * m_sampleSize;
         const double u = uniform();
@@ -162,8 +170,10 @@ void SideScanSimulator::FillSide(Side side, double altitude, std::uint8_t* out, 
                 if (ground > o.farRange && ground < o.farRange * altitude / (altitude - height))
                     shadow = true;
             }
-            if (level < 0.0 && !shadow)
-                level = Seabed(sign * ground, along);
+            if (level < 0.0 && !shadow) {
+                const double t = double(s % kStride) / kStride;
+                level = m_seabed[std::size_t(s / kStride)] * (1.0 - t) + m_seabed[std::size_t(s / kStride) + 1] * t;
+            }
             if (level >= 0.0) {
                 const double grazing = 0.6 + 0.4 * altitude / slant;
                 const double firstReturn = 1.0 + 1.2 * std::exp(-(slant - altitude) / 0.4);

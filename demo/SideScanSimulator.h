@@ -59,4 +59,5 @@ private:
     qint64 m_ping = 0;
     std::uint64_t m_random = 0;
     std::vector<std::uint8_t> m_row;
+    std::vector<double> m_seabed; // scratch of FillSide
 };
