@@ -113,6 +113,18 @@
         <source>Coloured %1 cells in %2 ms</source>
         <translation>%1 cellen gekleurd in %2 ms</translation>
     </message>
+    <message>
+        <source>&amp;Dredging differences...</source>
+        <translation>Bagger&amp;verschillen...</translation>
+    </message>
+    <message>
+        <source>Botto&amp;m classes...</source>
+        <translation>Bode&amp;mklassen...</translation>
+    </message>
+    <message>
+        <source>Ma&amp;p colours...</source>
+        <translation>Kaartkleu&amp;ren...</translation>
+    </message>
 </context>
 <context>
     <name>DrawingHelpersPage</name>
@@ -342,6 +354,10 @@
     <message>
         <source>Colour tables</source>
         <translation>Kleurentabellen</translation>
+    </message>
+    <message>
+        <source>Sonar</source>
+        <translation>Sonar</translation>
     </message>
 </context>
 <context>
@@ -669,6 +685,57 @@
     <message>
         <source>stopped by an unexpected error</source>
         <translation>gestopt door een onverwachte fout</translation>
+    </message>
+</context>
+<context>
+    <name>SonarPage</name>
+    <message>
+        <source>&amp;Colours:</source>
+        <translation>&amp;Kleuren:</translation>
+    </message>
+    <message>
+        <source>Sea green</source>
+        <translation>Zeegroen</translation>
+    </message>
+    <message>
+        <source>Grey</source>
+        <translation>Grijs</translation>
+    </message>
+    <message>
+        <source>Rainbow</source>
+        <translation>Regenboog</translation>
+    </message>
+    <message>
+        <source>Copper</source>
+        <translation>Koper</translation>
+    </message>
+    <message>
+        <source>Inverted grey</source>
+        <translation>Omgekeerd grijs</translation>
+    </message>
+    <message>
+        <source>Fire</source>
+        <translation>Vuur</translation>
+    </message>
+    <message>
+        <source>&amp;Brightness:</source>
+        <translation>&amp;Helderheid:</translation>
+    </message>
+    <message>
+        <source>C&amp;ontrast:</source>
+        <translation>C&amp;ontrast:</translation>
+    </message>
+    <message>
+        <source>&amp;Gamma:</source>
+        <translation>&amp;Gamma:</translation>
+    </message>
+    <message>
+        <source>Weak</source>
+        <translation>Zwak</translation>
+    </message>
+    <message>
+        <source>Strong</source>
+        <translation>Sterk</translation>
     </message>
 </context>
 <context>

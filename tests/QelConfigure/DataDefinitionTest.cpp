@@ -192,8 +192,9 @@ TEST(DataInfo, OnlyThreeWholeNumbersRead)
     for (const auto& c : cases) {
         CDataInfo info(7, 8, 9);
         EXPECT_EQ(info.SetFromString(c.text), c.ok) << c.text;
-        if (!c.ok)
+        if (!c.ok) {
             EXPECT_EQ(info.ToString(), "7,8,9") << c.text;
+        }
     }
     CDataInfo info;
     ASSERT_TRUE(info.SetFromString(CQelString("MAP, 3, 1 ,30", ',').Fields().mid(1).join(',')));

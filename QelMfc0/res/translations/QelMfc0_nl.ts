@@ -2,6 +2,56 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="nl_NL">
 <context>
+    <name>BCColorEditDlg</name>
+    <message>
+        <source>Color Table Entry</source>
+        <translation>Kleurentabelregel</translation>
+    </message>
+    <message>
+        <source>Minimum value:</source>
+        <translation>Minimumwaarde:</translation>
+    </message>
+    <message>
+        <source>Maximum value:</source>
+        <translation>Maximumwaarde:</translation>
+    </message>
+    <message>
+        <source>Value:</source>
+        <translation>Waarde:</translation>
+    </message>
+    <message>
+        <source>Color:</source>
+        <translation>Kleur:</translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation>Kleur</translation>
+    </message>
+</context>
+<context>
+    <name>BCColorTableEditor</name>
+    <message>
+        <source>Default</source>
+        <translation>Standaard</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuleren</translation>
+    </message>
+    <message>
+        <source>BC Color Table</source>
+        <translation>BC-kleurentabel</translation>
+    </message>
+    <message>
+        <source>The color table could not be saved as %1.</source>
+        <translation>De kleurentabel kon niet worden opgeslagen als %1.</translation>
+    </message>
+</context>
+<context>
     <name>CColorTableEditor</name>
     <message>
         <source>Color Table</source>
@@ -748,6 +798,49 @@
     </message>
 </context>
 <context>
+    <name>DataDefinition</name>
+    <message>
+        <source>the section is not a group (&quot;Group &lt;number&gt;&quot;): the entry is skipped</source>
+        <translation>de sectie is geen groep ("Group &lt;nummer&gt;"): de regel wordt overgeslagen</translation>
+    </message>
+    <message>
+        <source>the group is named before: the first name is kept</source>
+        <translation>de groep heeft al een naam: de eerste naam blijft behouden</translation>
+    </message>
+    <message>
+        <source>unknown key: the entry is skipped</source>
+        <translation>onbekende sleutel: de regel wordt overgeslagen</translation>
+    </message>
+    <message>
+        <source>the item number is not a whole number from 0 up: the item is skipped</source>
+        <translation>het itemnummer is geen geheel getal vanaf 0: het item wordt overgeslagen</translation>
+    </message>
+    <message>
+        <source>the item is defined before: the first definition is kept</source>
+        <translation>het item is al eerder gedefinieerd: de eerste definitie blijft behouden</translation>
+    </message>
+    <message>
+        <source>the item has no name: it is skipped</source>
+        <translation>het item heeft geen naam: het wordt overgeslagen</translation>
+    </message>
+    <message>
+        <source>the format is not 1, 2, 3, 10 or 30: the item is skipped</source>
+        <translation>het formaat is niet 1, 2, 3, 10 of 30: het item wordt overgeslagen</translation>
+    </message>
+    <message>
+        <source>an item of format 30 lists no texts</source>
+        <translation>een item met formaat 30 noemt geen teksten</translation>
+    </message>
+    <message>
+        <source>value %1 has an empty text</source>
+        <translation>waarde %1 heeft een lege tekst</translation>
+    </message>
+    <message>
+        <source>texts belong to items of format 30 only: they are ignored</source>
+        <translation>teksten horen alleen bij items met formaat 30: ze worden genegeerd</translation>
+    </message>
+</context>
+<context>
     <name>DataSearch</name>
     <message>
         <source>Unit Definition File</source>
@@ -782,6 +875,97 @@
     </message>
 </context>
 <context>
+    <name>DredgeDiffColorTableEditor</name>
+    <message>
+        <source>Dredge Differential Color Table</source>
+        <translation>Kleurentabel baggerverschillen</translation>
+    </message>
+    <message>
+        <source>Number of Colors</source>
+        <translation>Aantal kleuren</translation>
+    </message>
+    <message>
+        <source>A whole number from %1 to %2</source>
+        <translation>Een geheel getal van %1 tot en met %2</translation>
+    </message>
+    <message>
+        <source>Colors above Underdredge limit</source>
+        <translation>Kleuren boven de onderbaggergrens</translation>
+    </message>
+    <message>
+        <source>Max Under</source>
+        <translation>Max onder</translation>
+    </message>
+    <message>
+        <source>Min Under</source>
+        <translation>Min onder</translation>
+    </message>
+    <message>
+        <source>Colors in between limits</source>
+        <translation>Kleuren tussen de grenzen</translation>
+    </message>
+    <message>
+        <source>Max InTol</source>
+        <translation>Max binnen tol.</translation>
+    </message>
+    <message>
+        <source>Min InTol</source>
+        <translation>Min binnen tol.</translation>
+    </message>
+    <message>
+        <source>Colors below Overdredge limit</source>
+        <translation>Kleuren onder de overbaggergrens</translation>
+    </message>
+    <message>
+        <source>Max Over</source>
+        <translation>Max over</translation>
+    </message>
+    <message>
+        <source>Min Over</source>
+        <translation>Min over</translation>
+    </message>
+    <message>
+        <source>Underdredge limit</source>
+        <translation>Onderbaggergrens</translation>
+    </message>
+    <message>
+        <source>Overdredge limit</source>
+        <translation>Overbaggergrens</translation>
+    </message>
+    <message>
+        <source>When used during Real-time operation, Underdredge limit and Overdredge limit will be automatically synchronized with Design model settings</source>
+        <translation>Bij gebruik tijdens real-time werking worden de onderbaggergrens en de overbaggergrens automatisch gesynchroniseerd met de instellingen van het ontwerpmodel</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuleren</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Toepassen</translation>
+    </message>
+    <message>
+        <source>Please enter a whole number of colors from %1 to %2.</source>
+        <translation>Voer een geheel aantal kleuren van %1 tot en met %2 in.</translation>
+    </message>
+    <message>
+        <source>Please enter a number.</source>
+        <translation>Voer een getal in.</translation>
+    </message>
+    <message>
+        <source>The color table could not be saved as %1.</source>
+        <translation>De kleurentabel kon niet worden opgeslagen als %1.</translation>
+    </message>
+    <message>
+        <source>Below</source>
+        <translation>Daaronder</translation>
+    </message>
+</context>
+<context>
     <name>FileTypeDialog</name>
     <message>
         <source>Save %1</source>
@@ -790,6 +974,25 @@
     <message>
         <source>Open %1</source>
         <translation>%1 openen</translation>
+    </message>
+</context>
+<context>
+    <name>MapColorTableEditor</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuleren</translation>
+    </message>
+    <message>
+        <source>Map Color Table</source>
+        <translation>Kleurentabel voor kaartwaarden</translation>
+    </message>
+    <message>
+        <source>The color table could not be saved as %1.</source>
+        <translation>De kleurentabel kon niet worden opgeslagen als %1.</translation>
     </message>
 </context>
 <context>
