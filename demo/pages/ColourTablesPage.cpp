@@ -351,7 +351,9 @@ QDialog* ColourTablesPage::OpenSpecialEditor(SpecialEditor kind)
 
 void ColourTablesPage::Place(QDialog* editor)
 {
-    editor->adjustSize();
+    // A dialog that chose its own size (room for every row) keeps it.
+    if (!editor->testAttribute(Qt::WA_Resized))
+        editor->adjustSize();
     if (const QScreen* screen = window()->screen()) {
         const auto global = [](const QWidget* w, const QRect& r) { return QRect(w->mapToGlobal(r.topLeft()), r.size()); };
         const QSize frame = editor->size() + QSize(8, 34); // the decoration, not known before it shows
