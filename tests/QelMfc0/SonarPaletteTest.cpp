@@ -266,27 +266,6 @@ TEST(SonarPalette, VernierTableRunsFromMagentaToRed)
     EXPECT_TRUE(std::is_sorted(hues.rbegin(), hues.rend())) << "the hues fall all the way";
 }
 
-TEST(SonarPalette, CopiesAndMovesKeepTheTables)
-{
-    SonarPalette original;
-    original.Init_BGRA_Palette(5, 0, 0, 0, 255, false);
-    const SonarPalette copy(original);
-    SonarPalette assigned;
-    assigned = copy;
-    SonarPalette moved(std::move(assigned));
-    SonarPalette moveAssigned;
-    moveAssigned = std::move(moved);
-    for (const SonarPalette* p : { &copy, const_cast<const SonarPalette*>(&moveAssigned) }) {
-        EXPECT_EQ(p->RedBytes(), original.RedBytes());
-        EXPECT_EQ(p->GreenBytes(), original.GreenBytes());
-        EXPECT_EQ(p->BlueBytes(), original.BlueBytes());
-        EXPECT_EQ(p->RedFloats(), original.RedFloats());
-        EXPECT_EQ(p->GreenFloats(), original.GreenFloats());
-        EXPECT_EQ(p->BlueFloats(), original.BlueFloats());
-    }
-    EXPECT_TRUE(SonarPalette().RedBytes().empty());
-}
-
 TEST(SonarPalette, ImagesTakeThePixelOfEachSampleOnEveryInstructionSet)
 {
     std::mt19937 random(5);
