@@ -801,7 +801,7 @@
     <name>DataDefinition</name>
     <message>
         <source>the section is not a group (&quot;Group &lt;number&gt;&quot;): the entry is skipped</source>
-        <translation>de sectie is geen groep ("Group &lt;nummer&gt;"): de regel wordt overgeslagen</translation>
+        <translation>de sectie is geen groep (&quot;Group &lt;nummer&gt;&quot;): de regel wordt overgeslagen</translation>
     </message>
     <message>
         <source>the group is named before: the first name is kept</source>
