@@ -152,7 +152,9 @@ int ColorTable::AddEntry(double value, COLORREF color, bool locked, const QStrin
     }
     if (NumEntries() >= kMaxEntries)
         return -1;
-    return int(m_entries.insert(at, Entry { value, color, locked, name }) - m_entries.begin());
+    // The insertion may move the entries: take the new begin only after it.
+    const auto inserted = m_entries.insert(at, Entry { value, color, locked, name });
+    return int(inserted - m_entries.begin());
 }
 
 bool ColorTable::RemoveEntry(int index)

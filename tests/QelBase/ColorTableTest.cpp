@@ -48,6 +48,14 @@ TEST(ColorTable, ValuesAreUniqueSortedAndLookedUpByTheLastEntryNotAbove)
     for (const auto& c : cases)
         EXPECT_EQ(table.GetColor(c.value), c.color) << c.value;
 
+    // The index of each insertion, also while the entries grow and move.
+    ColorTable grown;
+    for (int i = 0; i < 100; ++i) {
+        const double value = (i * 37) % 100;
+        const int index = grown.InsertEntry(value, 0, false);
+        ASSERT_TRUE(index >= 0 && grown.EntryValue(index) == value) << i;
+    }
+
     table.InsertEntry(30, kWhite, false);
     table.ClearEntries(false);
     EXPECT_EQ(values(table), (std::vector<double> { 10, 20 })) << "only the unlocked entry went";
